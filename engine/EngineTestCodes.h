@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string_view>
+
+// Hooks for the program's tests, reached through the ordinary interface.
+namespace EngineTest {
+// Set (to any non-empty value) before start(): the engine's clock no longer
+// runs by itself and only advances through the Step request.
+constexpr std::string_view manualClockVariable = "LUMIDESK_ENGINE_MANUAL_CLOCK";
+// Set before start(): the console reports this text as its software version,
+// so that the program's version-mismatch handling can be exercised.
+constexpr std::string_view consoleVersionVariable = "LUMIDESK_ENGINE_CONSOLE_VERSION";
+
+// update(Step, milliseconds, 0, 0): after every request queued before it has
+// been handled, advance a manual clock by the given time in whole ticks (no
+// advance with the running clock), then answer with notification 17. Also a
+// barrier: once 17 arrives, everything sent before has been handled.
+constexpr int Step = 250;
+// Length of one engine tick in milliseconds.
+constexpr int tickMilliseconds = 25;
+} // namespace EngineTest

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The engine library of the Alder, Birch and Cedar models.
+#include "SimulatedEngine.h"
+
+extern "C" __attribute__((visibility("default"))) ConsoleEngine* getConsole(int version)
+{
+    if (version != ConsoleEngine::interfaceVersion)
+        return nullptr;
+    return new SimulatedEngine(ModelProfile::Generation::Glow);
+}
