@@ -43,11 +43,16 @@ function(lumidesk_finds_engine target)
   endif()
 endfunction()
 
-# Adds every direct subfolder that has a CMakeLists.txt.
+# Adds every direct subfolder that has a CMakeLists.txt, except those named
+# after EXCLUDE (already added by the caller).
 function(lumidesk_add_subfolders)
+  cmake_parse_arguments(ARG "" "" "EXCLUDE" ${ARGN})
   file(GLOB _children RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}/*")
   list(SORT _children)
   foreach(_child ${_children})
+    if(_child IN_LIST ARG_EXCLUDE)
+      continue()
+    endif()
     if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${_child}/CMakeLists.txt")
       add_subdirectory(${_child})
     endif()
