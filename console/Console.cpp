@@ -1,0 +1,434 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Console.h"
+
+#include "ConsoleCodes.h"
+#include "ConsoleEngine.h"
+#include "RecordArea.h"
+
+#include <QLibrary>
+#include <QMutexLocker>
+#include <QThread>
+
+namespace {
+constexpr int blinkIntervalMs = 300;
+constexpr unsigned long handshakePollMs = 100;
+} // namespace
+
+Console::InsertSequenceStepCacheUpdateHook::InsertSequenceStepCacheUpdateHook(
+    ConsoleCache* cache, int page, int fader, int step, quint32 contentType, quint16 contentIndex)
+    : m_cache(cache), m_page(page), m_fader(fader), m_step(step), m_contentType(contentType),
+      m_contentIndex(contentIndex)
+{
+}
+
+bool Console::InsertSequenceStepCacheUpdateHook::matches(int code, int a, int b, int)
+{
+    // A stack cue change names the step; a sequence change names the sequence.
+    if (m_page == -1)
+        return code == ConsoleCode::StackCueChanged && a == m_step;
+    return code == ConsoleCode::SequenceChanged && a == m_page && b == m_fader;
+}
+
+void Console::InsertSequenceStepCacheUpdateHook::run(int, int, int, int)
+{
+    if (StepRecord* record = m_cache->step(m_page, m_fader, m_step)) {
+        record->contentType = m_contentType;
+        record->contentIndex = m_contentIndex;
+    }
+    m_cache->console()->sequenceStepChanged(Sequence(m_page, m_fader), m_step);
+}
+
+Console::Console(QLibrary* library, ConsoleEngine* engine)
+    : QObject(nullptr), m_library(library), m_engine(engine), m_cache(this)
+{
+    m_blinkTimer.setInterval(blinkIntervalMs);
+    connect(&m_blinkTimer, &QTimer::timeout, this, &Console::buttonBlinkTimerTimeout);
+}
+
+Console::~Console()
+{
+    QMutexLocker lock(&m_hookMutex);
+    qDeleteAll(m_hooks);
+    m_hooks.clear();
+}
+
+int Console::languageIndex(const QString& code)
+{
+    static const QStringList codes = {QStringLiteral("en"), QStringLiteral("fr"),
+                                      QStringLiteral("de"), QStringLiteral("es"),
+                                      QStringLiteral("it")};
+    const int index = int(codes.indexOf(code));
+    return index < 0 ? 0 : index;
+}
+
+void Console::registerMetaTypes()
+{
+    qRegisterMetaType<Console::Sequence>("Console::Sequence");
+    qRegisterMetaType<Console::Memory>("Console::Memory");
+}
+
+Console* Console::load(const QString& libraryName, int modelVariant, LoadError* error,
+                       const QString& languageCode)
+{
+    qDebug("Library name: %s", qPrintable(libraryName));
+    auto* library = new QLibrary(libraryName);
+    const int language = languageIndex(languageCode);
+
+    const auto fail = [&](LoadError reason) -> Console* {
+        if (error)
+            *error = reason;
+        return nullptr;
+    };
+
+    if (!library->load()) {
+        qDebug("%s", qPrintable(library->errorString()));
+        delete library;
+        return fail(LoadFailed);
+    }
+    const auto getConsole = reinterpret_cast<GetConsoleFunction>(library->resolve("getConsole"));
+    ConsoleEngine* engine = getConsole ? getConsole(ConsoleEngine::interfaceVersion) : nullptr;
+    if (!engine) {
+        if (!getConsole)
+            qDebug("%s", qPrintable(library->errorString()));
+        library->unload();
+        delete library;
+        return fail(LoadFailed);
+    }
+
+    auto* console = new Console(library, engine);
+    console->m_cache.setRecord(engine->stateRecord());
+    engine->start(console, language, modelVariant);
+    if (!console->waitUntilReady()) {
+        // The engine is running: stop it before its library goes away.
+        console->unload();
+        return fail(VersionMismatch);
+    }
+    console->m_blinkTimer.start();
+    return console;
+}
+
+bool Console::waitUntilReady()
+{
+    while (!isReady()) {
+        if (isVersionKnown()) {
+            const ConsoleStateRecord* record = m_cache.record();
+            const QString consoleVersion = RecordArea::slotText(record, record->consoleVersion);
+            if (consoleVersion != m_engine->softwareVersion())
+                return false;
+        }
+        QThread::msleep(handshakePollMs);
+    }
+    return true;
+}
+
+void Console::unload()
+{
+    m_blinkTimer.stop();
+    if (m_engine) {
+        m_engine->release();
+        m_engine = nullptr;
+    }
+    if (m_library) {
+        m_library->unload();
+        delete m_library;
+        m_library = nullptr;
+    }
+    delete this;
+}
+
+int Console::consoleStatus() const
+{
+    const ConsoleStateRecord* record = m_cache.record();
+    return record ? record->consoleStatus : 0;
+}
+
+void Console::writeDmx(quint16 address, quint8 value, bool asPalette)
+{
+    ConsoleStateRecord* record = m_cache.record();
+    if (!record)
+        return;
+    const DmxWrite entry{0, address, quint8(asPalette ? 0 : value),
+                         quint8(asPalette ? value + 1 : 0)};
+    constexpr int size = ConsoleStateRecord::dmxWriteRingSize;
+    // Single writer of the write index, single reader (the engine) of the ring.
+    const quint8 write = __atomic_load_n(&record->dmxWriteIndex, __ATOMIC_RELAXED);
+    const quint8 read = __atomic_load_n(&record->dmxReadIndex, __ATOMIC_ACQUIRE);
+    const quint8 next = quint8((write + 1) % size);
+    if (write >= size || next == read)
+        return;
+    record->dmxWriteRing[write] = entry;
+    __atomic_store_n(&record->dmxWriteIndex, next, __ATOMIC_RELEASE);
+}
+
+void Console::appendHook(CacheUpdateHook* hook)
+{
+    if (!hook)
+        return;
+    QMutexLocker lock(&m_hookMutex);
+    m_hooks.append(hook);
+}
+
+void Console::notify(int code, int a, int b, int c)
+{
+    switch (code) {
+    case ConsoleCode::VersionKnown:
+        emit consoleVersionUpdated();
+        m_versionKnown.store(true, std::memory_order_release);
+        return;
+    case ConsoleCode::Ready:
+        // Counts first, so that whoever sees the flag sees them too.
+        m_cache.copyCounts();
+        m_ready.store(true, std::memory_order_release);
+        break;
+    case ConsoleCode::System:
+        handleSystem(a, b, c);
+        return;
+    default:
+        break;
+    }
+    if (m_suspended.load(std::memory_order_acquire))
+        return;
+    runHooks(code, a, b, c);
+    emitFor(code, a, b, c);
+}
+
+void Console::handleSystem(int subCode, int x, int y)
+{
+    switch (subCode) {
+    case SystemCode::BulkBegin:
+        m_suspended.store(true, std::memory_order_release);
+        break;
+    case SystemCode::BulkEnd:
+        m_suspended.store(false, std::memory_order_release);
+        discardHooks();
+        rebuildCaches(true, true);
+        emit playLoaded();
+        break;
+    case SystemCode::LumideskCommand:
+        emit lumideskCommand(x, y);
+        break;
+    case SystemCode::Busy:
+        emit systemBusyCommand(x);
+        break;
+    default:
+        break;
+    }
+}
+
+void Console::runHooks(int code, int a, int b, int c)
+{
+    QMutexLocker lock(&m_hookMutex);
+    for (auto it = m_hooks.begin(); it != m_hooks.end();) {
+        CacheUpdateHook* hook = *it;
+        if (hook && hook->matches(code, a, b, c)) {
+            it = m_hooks.erase(it);
+            hook->run(code, a, b, c);
+            delete hook;
+        } else {
+            ++it;
+        }
+    }
+}
+
+void Console::discardHooks()
+{
+    QMutexLocker lock(&m_hookMutex);
+    qDeleteAll(m_hooks);
+    m_hooks.clear();
+}
+
+void Console::rebuildCaches(bool addresses, bool midiCircuits)
+{
+    // A change report on the GUI thread and the engine thread may rebuild at
+    // the same time.
+    QMutexLocker lock(&m_rebuildMutex);
+    if (addresses) {
+        m_cache.rebuildAddressMap();
+        m_cache.rebuildChannelFlags();
+    }
+    if (midiCircuits)
+        m_cache.rebuildMidiCircuitFlags();
+}
+
+void Console::emitFor(int code, int a, int b, int)
+{
+    using namespace ConsoleCode;
+    switch (code) {
+    case MemoryChanged:
+        emit memoryUpdated(Memory(a, b));
+        break;
+    case PaletteChanged:
+        emit paletteUpdated(a);
+        break;
+    case SequenceChanged:
+        emit sequenceUpdated(Sequence(a, b));
+        break;
+    case StackChanged:
+        emit sequenceUpdated(Sequence::makeStack());
+        break;
+    case StackCueChanged:
+        emit memoryUpdated(Memory(-1, a));
+        break;
+    case PatchChanged:
+        rebuildCaches(true, false);
+        emit patchUpdated();
+        break;
+    case DeviceChanged:
+        rebuildCaches(true, false);
+        emit deviceUpdated(a);
+        break;
+    case GroupChanged:
+        emit groupUpdated(a);
+        break;
+    case PageChanged:
+        emit pageUpdated(a);
+        break;
+    case ChannelTextChanged:
+        emit channelTextUpdated(a);
+        break;
+    case EffectsChanged:
+        emit effectUpdated();
+        break;
+    case MidiPatchChanged:
+        rebuildCaches(false, true);
+        emit patchUpdated();
+        break;
+    case IndependentsChanged:
+        emit independentsUpdated();
+        break;
+    case OutputsChanged:
+    case OutputLevelsChanged:
+        emit outputsUpdated();
+        break;
+    case FadersChanged:
+        emit faderUpdated();
+        break;
+    case ChannelsChanged:
+        emit channelsUpdated();
+        break;
+    case PlaybackChanged:
+        emit playbackUpdated();
+        break;
+    case BlindLevelsChanged:
+        emit blindLevelsUpdated();
+        break;
+    case InputsChanged:
+        emit inputsUpdated();
+        break;
+    case DisplayChanged:
+        emit displayUpdated(a);
+        break;
+    case LedsChanged:
+        emit ledUpdated();
+        break;
+    case ConsoleStatusChanged:
+        emit consoleStatusUpdated();
+        break;
+    case DeviceStatusChanged:
+        emit deviceStatusUpdated();
+        break;
+    case ShowFileNameChanged:
+        emit playFileNameUpdated();
+        break;
+    case SystemSettingsChanged:
+        emit systemSettingsUpdated();
+        break;
+    default:
+        break; // 20, 25-35, 38, 40 and above: hooks only
+    }
+}
+
+void Console::sendUpdate(int code, int a, int b, int c)
+{
+    if (m_engine)
+        m_engine->update(code, a, b, c);
+}
+
+void Console::report(int code, int a, int b, int c)
+{
+    sendUpdate(code, a, b, c);
+    notify(code, a, b, c);
+}
+
+void Console::systemSettingsChanged()
+{
+    report(ConsoleCode::SystemSettingsChanged);
+}
+
+void Console::patchChanged()
+{
+    report(ConsoleCode::PatchChanged);
+}
+
+void Console::midiPatchChanged()
+{
+    report(ConsoleCode::MidiPatchChanged);
+}
+
+void Console::independentsChanged()
+{
+    report(ConsoleCode::IndependentsChanged);
+}
+
+void Console::effectsChanged()
+{
+    sendUpdate(ConsoleCode::EffectsChanged);
+    emit effectUpdated();
+}
+
+void Console::memoryChanged(Console::Memory memory)
+{
+    if (memory.isStackCue())
+        sendUpdate(ConsoleCode::StackCueChanged, memory.index);
+    else
+        sendUpdate(ConsoleCode::MemoryChanged, memory.page, memory.index);
+    emit memoryUpdated(memory);
+}
+
+void Console::paletteChanged(int palette)
+{
+    sendUpdate(ConsoleCode::PaletteChanged, palette);
+    emit paletteUpdated(palette);
+}
+
+void Console::sequenceChanged(Console::Sequence sequence)
+{
+    if (sequence.isStack())
+        sendUpdate(ConsoleCode::StackChanged);
+    else
+        sendUpdate(ConsoleCode::SequenceChanged, sequence.page, sequence.fader);
+    emit sequenceUpdated(sequence);
+}
+
+void Console::sequenceStepChanged(Console::Sequence sequence, int step)
+{
+    if (sequence.isStack())
+        sendUpdate(ConsoleCode::StackCueChanged, step);
+    else
+        sendUpdate(ConsoleCode::SequenceChanged, sequence.page, sequence.fader);
+    emit sequenceStepUpdated(sequence, step);
+}
+
+void Console::groupChanged(int group)
+{
+    sendUpdate(ConsoleCode::GroupChanged, group);
+    emit groupUpdated(group);
+}
+
+void Console::deviceStatusChanged()
+{
+    sendUpdate(ConsoleCode::DeviceStatusChanged);
+    emit deviceStatusUpdated();
+}
+
+void Console::consoleStatusChanged()
+{
+    sendUpdate(ConsoleCode::ConsoleStatusChanged);
+    emit consoleStatusUpdated();
+}
+
+void Console::buttonBlinkTimerTimeout()
+{
+    ++m_blinkCounter;
+    emit buttonBlink(m_blinkCounter % 2 == 0);
+}
