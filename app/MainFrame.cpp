@@ -1,0 +1,356 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MainFrame.h"
+
+#include "ConsoleEngine.h"
+#include "Lumidesk.h"
+#include "Tab.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPalette>
+#include <QPixmap>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace {
+constexpr int busyQueueLength = 10;
+constexpr int versionCheckDelay = 10;
+// The console's mode byte while it runs normally (it refuses a link otherwise).
+constexpr quint8 normalMode = 1;
+
+Console* appConsole()
+{
+    Lumidesk* app = Lumidesk::instance();
+    return app ? app->console() : nullptr;
+}
+
+int currentConsoleType()
+{
+    const Console* console = appConsole();
+    return console ? int(console->consoleType()) : int(ConsoleCache::ModelUnknown);
+}
+} // namespace
+
+MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this)
+{
+    setWindowTitle(QStringLiteral("Lumidesk"));
+    connect(&bar, &TitleBar::minimizeButtonClicked, this,
+            &MainFrame::titleBarMinimizeButtonClicked);
+    connect(&bar, &TitleBar::closeButtonClicked, this, &MainFrame::titleBarCloseButtonClicked);
+
+    QPalette background = palette();
+    background.setBrush(backgroundRole(),
+                        QBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png"))));
+    setPalette(background);
+    setAutoFillBackground(true);
+
+    buildTabs(currentConsoleType());
+    if (Tab* first = strip.tab(0))
+        first->activate();
+    if (panel)
+        panel->raise();
+
+    connectConsole();
+    connect(&versionCheckTimer, &QTimer::timeout, this,
+            &MainFrame::consoleCacheConsoleVersionUpdated, Qt::QueuedConnection);
+    versionCheckTimer.setSingleShot(true);
+    versionCheckTimer.start(versionCheckDelay);
+
+    const Console* console = appConsole();
+    bar.setOnline(console && console->consoleStatus() != 0);
+    if (console)
+        bar.setTitle(console->cache()->showFileName());
+}
+
+MainFrame::~MainFrame() = default;
+
+QList<int> MainFrame::tabOrder(int consoleType)
+{
+    switch (consoleType) {
+    case ConsoleCache::ModelAlder:
+    case ConsoleCache::ModelBirch:
+        return {LegendsTab, PagesTab, MemoriesTab, SequencesTab, PatchTab, DmxTab, SystemTab};
+    case ConsoleCache::ModelCedar:
+        return {LegendsTab,   PagesTab, SecondPagesTab, MemoriesTab,
+                SequencesTab, PatchTab, DmxTab,         SystemTab};
+    case ConsoleCache::ModelMaple:
+        return {LegendsTab, OutputTab,   PagesTab, MemoriesTab, SequencesTab, EffectsTab,
+                GroupsTab,  PalettesTab, PatchTab, DmxTab,      SystemTab};
+    default:
+        return {};
+    }
+}
+
+void MainFrame::buildTabs(int consoleType)
+{
+    tabKinds.fill(NoTab);
+    // Each view adds its tab here, in the order of tabOrder(consoleType),
+    // once it exists; until then the strip shows the tabs that do.
+    Q_UNUSED(consoleType);
+}
+
+void MainFrame::addTab(int kind, Tab* tab)
+{
+    const int index = strip.count();
+    if (!tab || index >= maxTabs)
+        return;
+    tabKinds[std::size_t(index)] = kind;
+    strip.addTab(tab);
+    if (QWidget* view = tab->widget()) {
+        view->setGeometry(contentRect(width(), height()));
+        if (panel)
+            panel->raise();
+    }
+}
+
+int MainFrame::tabIndexOfKind(int kind) const
+{
+    const auto found = std::find(tabKinds.begin(), tabKinds.end(), kind);
+    if (kind == NoTab || found == tabKinds.end())
+        return -1;
+    return int(found - tabKinds.begin());
+}
+
+int MainFrame::tabKind(int index) const
+{
+    return index >= 0 && index < maxTabs ? tabKinds[std::size_t(index)] : NoTab;
+}
+
+void MainFrame::connectConsole()
+{
+    Console* console = appConsole();
+    if (!console)
+        return;
+    connect(console, &Console::playLoaded, this, &MainFrame::consoleCachePlayLoaded,
+            Qt::QueuedConnection);
+    connect(console, &Console::playFileNameUpdated, this,
+            &MainFrame::consoleCachePlayFileNameUpdated, Qt::QueuedConnection);
+    connect(console, &Console::lumideskCommand, this, &MainFrame::consoleCacheLumideskCommand,
+            Qt::QueuedConnection);
+    connect(console, &Console::systemBusyCommand, this, &MainFrame::consoleCacheSystemBusyCommand,
+            Qt::QueuedConnection);
+    connect(console, &Console::consoleVersionUpdated, this,
+            &MainFrame::consoleCacheConsoleVersionUpdated, Qt::QueuedConnection);
+    connect(console, &Console::consoleStatusUpdated, this,
+            &MainFrame::consoleCacheConsoleStatusUpdated, Qt::QueuedConnection);
+}
+
+QRect MainFrame::contentRect(int width, int height)
+{
+    const int left = std::max((width - contentWidth) / 2, 0);
+    return QRect(left, contentTop, std::min(width, contentWidth), height - contentTop);
+}
+
+bool MainFrame::fitsFixedSize(const QRect& availableArea)
+{
+    return availableArea.width() >= fixedSize.width() &&
+           availableArea.height() > fixedSize.height();
+}
+
+void MainFrame::showPlaced()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const QRect area = screen ? screen->availableGeometry() : QRect();
+    if (!fitsFixedSize(area)) {
+        showFullScreen();
+        return;
+    }
+    setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
+    move(area.topLeft());
+    resize(fixedSize);
+    show();
+}
+
+void MainFrame::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const int w = width();
+    const int h = height();
+    bar.setGeometry(0, 0, w, titleBarHeight);
+    // The strip's first row is the title bar's last one.
+    strip.setGeometry(0, tabStripTop, w, tabStripHeight);
+    const QRect content = contentRect(w, h);
+    for (int i = 0; i < strip.count(); ++i) {
+        if (QWidget* view = strip.tab(i)->widget())
+            view->setGeometry(content);
+    }
+    if (panel)
+        panel->move((w - panel->width()) / 2, h - panel->height());
+}
+
+void MainFrame::setFrontPanelVisible(bool visible)
+{
+    if (panel)
+        panel->setVisible(visible);
+    // The panel may have hidden part of the view, which repaints only when
+    // shown again.
+    if (!visible)
+        strip.refreshCurrentTab();
+}
+
+void MainFrame::selectTabOfKind(int kind)
+{
+    strip.setCurrentTab(tabIndexOfKind(kind));
+}
+
+void MainFrame::showSequence(Console::Sequence sequence)
+{
+    selectTabOfKind(SequencesTab);
+    Q_UNUSED(sequence); // handed to the sequences view once it exists
+}
+
+void MainFrame::showMemory(int page, int memory)
+{
+    selectTabOfKind(MemoriesTab);
+    Q_UNUSED(page); // handed to the memories view once it exists
+    Q_UNUSED(memory);
+}
+
+int MainFrame::pageOnFader(int fader) const
+{
+    const Console* console = appConsole();
+    if (!console || fader < 0 || fader >= ConsoleStateRecord::maxFaders)
+        return -1;
+    return console->cache()->faderPage(fader);
+}
+
+void MainFrame::titleBarMinimizeButtonClicked()
+{
+    showMinimized();
+}
+
+void MainFrame::titleBarCloseButtonClicked()
+{
+    close();
+}
+
+void MainFrame::consoleCachePlayLoaded()
+{
+    if (const Console* console = appConsole())
+        bar.setTitle(console->cache()->showFileName());
+}
+
+void MainFrame::consoleCachePlayFileNameUpdated()
+{
+    consoleCachePlayLoaded();
+}
+
+void MainFrame::consoleCacheLumideskCommand(int type, int argument)
+{
+    switch (type) {
+    case 0:
+        // The console's view key toggles between the playback and live views.
+        selectTabOfKind(strip.currentIndex() != 0 ? LegendsTab : OutputTab);
+        break;
+    case 1:
+        selectTabOfKind(GroupsTab);
+        break;
+    case 2:
+        selectTabOfKind(PalettesTab);
+        break;
+    case 3:
+        selectTabOfKind(SequencesTab);
+        showSequence(Console::Sequence::makeStack());
+        break;
+    case 4:
+        selectTabOfKind(SequencesTab);
+        showSequence(Console::Sequence(pageOnFader(argument), argument - 12));
+        break;
+    case 5:
+        selectTabOfKind(MemoriesTab);
+        showMemory(pageOnFader(argument), argument);
+        break;
+    case 6:
+        selectTabOfKind(PagesTab);
+        break;
+    default:
+        break;
+    }
+}
+
+void MainFrame::consoleCacheSystemBusyCommand(int queueLength)
+{
+    const bool nowBusy = queueLength > busyQueueLength;
+    if (nowBusy == busy)
+        return;
+    busy = nowBusy;
+    const QCursor cursor(busy ? Qt::WaitCursor : Qt::ArrowCursor);
+    if (QGuiApplication::overrideCursor())
+        QGuiApplication::changeOverrideCursor(cursor);
+    else
+        QGuiApplication::setOverrideCursor(cursor);
+}
+
+void MainFrame::consoleCacheConsoleVersionUpdated()
+{
+    Console* console = appConsole();
+    if (!console || closeConfirmed)
+        return;
+    if (console->isVersionKnown() &&
+        console->cache()->consoleVersion() != console->engine()->softwareVersion()) {
+        closeAfterFatalMessage(
+            tr("The console software version does not match the Lumidesk software version.\n"
+               "Please update one or both sides to a matching version."));
+        return;
+    }
+    const ConsoleStateRecord* record = console->cache()->record();
+    if (console->consoleType() != ConsoleCache::ModelMaple && record &&
+        record->consoleMode != normalMode) {
+        closeAfterFatalMessage(tr("The Glowcraft console must be running in Normal mode in "
+                                  "order to connect to Lumidesk."));
+    }
+}
+
+void MainFrame::closeAfterFatalMessage(const QString& text)
+{
+    QMessageBox::critical(this, tr("Connection error"), text, QMessageBox::Ok);
+    closeConfirmed = true;
+    close();
+}
+
+void MainFrame::consoleCacheConsoleStatusUpdated()
+{
+    if (const Console* console = appConsole())
+        bar.setOnline(console->consoleStatus() != 0);
+}
+
+void MainFrame::closeEvent(QCloseEvent* event)
+{
+    if (closeConfirmed || askToSave())
+        event->accept();
+    else
+        event->ignore();
+}
+
+bool MainFrame::askToSave()
+{
+    const QMessageBox::StandardButton answer = QMessageBox::question(
+        this, tr("Exit Lumidesk"), tr("Would you like to save your data first?"),
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+    if (answer == QMessageBox::No)
+        return true;
+    if (answer != QMessageBox::Yes)
+        return false;
+    Console* console = appConsole();
+    if (!console)
+        return true;
+    if (!console->cache()->showFileName().isEmpty()) {
+        console->engine()->saveShow();
+        return true;
+    }
+    QString name = QFileDialog::getSaveFileName(
+        this, tr("Save showfile"), QStringLiteral("../Showfiles"), tr("Show files (*.asc)"));
+    if (name.isEmpty())
+        return false;
+    // The open dialogs list only .asc files: a name typed without it would
+    // be saved where nobody finds it again.
+    if (QFileInfo(name).suffix().isEmpty())
+        name += QStringLiteral(".asc");
+    console->engine()->saveShowAs(name);
+    return true;
+}

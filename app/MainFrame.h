@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Console.h"
+#include "TabStrip.h"
+#include "TitleBar.h"
+
+#include <QList>
+#include <QRect>
+#include <QTimer>
+#include <QWidget>
+
+#include <array>
+
+class Tab;
+
+// The program's only top-level window: its own title bar on top, the tab
+// strip below, the current view in the middle and the emulated front panel
+// over the bottom when asked for. It builds the tab set of the console
+// model, follows the console's requests to show a view, shows a wait cursor
+// while the console is busy, checks the console's version and mode, and asks
+// whether to save before it closes.
+class MainFrame : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // What stands behind a tab.
+    enum TabKind
+    {
+        NoTab = 0,
+        LegendsTab = 1,
+        EffectsTab = 2,
+        OutputTab = 3,
+        PagesTab = 4,
+        SecondPagesTab = 5,
+        MemoriesTab = 6,
+        SequencesTab = 7,
+        GroupsTab = 8,
+        PalettesTab = 9,
+        PatchTab = 10,
+        DmxTab = 11,
+        SystemTab = 12
+    };
+    static constexpr int maxTabs = 11;
+    static constexpr int titleBarHeight = 33;
+    static constexpr int tabStripTop = 32;
+    static constexpr int tabStripHeight = 25;
+    static constexpr int contentTop = 56;
+    static constexpr int contentWidth = 1280;
+    static constexpr QSize fixedSize{1280, 1024};
+
+    explicit MainFrame(QWidget* parent = nullptr);
+    ~MainFrame() override;
+
+    // The tab kinds of a console model, in strip order.
+    static QList<int> tabOrder(int consoleType);
+    // Where the views go in a window of the given width and height.
+    static QRect contentRect(int width, int height);
+    // A screen whose free area is at least 1280 wide and more than 1024 high
+    // takes the window at its fixed size; smaller screens get it full screen.
+    static bool fitsFixedSize(const QRect& availableArea);
+    // Shows the window by that rule on the primary screen.
+    void showPlaced();
+
+    TitleBar* titleBar() { return &bar; }
+    TabStrip* tabStrip() { return &strip; }
+    // The emulated front panel, or null while there is none.
+    QWidget* frontPanel() const { return panel; }
+    void setFrontPanelVisible(bool visible);
+
+    // Appends a view's tab and records its kind at the new index.
+    void addTab(int kind, Tab* tab);
+    int tabIndexOfKind(int kind) const;
+    int tabKind(int index) const;
+    void showSequence(Console::Sequence sequence);
+    void showMemory(int page, int memory);
+    bool isBusy() const { return busy; }
+
+public slots:
+    void titleBarMinimizeButtonClicked();
+    void titleBarCloseButtonClicked();
+    void consoleCachePlayLoaded();
+    void consoleCachePlayFileNameUpdated();
+    void consoleCacheLumideskCommand(int type, int argument);
+    void consoleCacheSystemBusyCommand(int queueLength);
+    void consoleCacheConsoleVersionUpdated();
+    void consoleCacheConsoleStatusUpdated();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildTabs(int consoleType);
+    void connectConsole();
+    void selectTabOfKind(int kind);
+    void closeAfterFatalMessage(const QString& text);
+    bool askToSave();
+    // The page a fader has loaded, or -1 for a fader the console lacks.
+    int pageOnFader(int fader) const;
+
+    TitleBar bar;
+    TabStrip strip;
+    bool closeConfirmed = false;
+    std::array<int, maxTabs> tabKinds{};
+    QWidget* panel = nullptr;
+    QTimer versionCheckTimer;
+    bool busy = false;
+};

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class QRect;
+class QString;
+class QWidget;
+
+// What the tab strip needs from an editor view.
+class Tab
+{
+public:
+    virtual QWidget* widget() = 0;
+    virtual QString title() = 0;
+    // Shows the view and sets up the title bar's view buttons for it.
+    virtual void activate() = 0;
+    // The small widget the strip shows at its left while this tab is current;
+    // may return null.
+    virtual QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) = 0;
+    virtual void deactivate() = 0;
+
+protected:
+    ~Tab() = default;
+};
