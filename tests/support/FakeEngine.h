@@ -143,3 +143,15 @@ private:
     bool m_stopping = false;
     std::thread m_thread;
 };
+
+// Lets QCOMPARE print the calls that differ.
+inline char* toString(const FakeEngine::Call& call)
+{
+    return qstrdup(QStringLiteral("{%1, %2, %3, %4}")
+                       .arg(call.code)
+                       .arg(call.a)
+                       .arg(call.b)
+                       .arg(call.c)
+                       .toLatin1()
+                       .constData());
+}
