@@ -4,6 +4,7 @@
 // With names, only those images are drawn. A contact sheet of everything
 // drawn goes to <resource folder>/../build-preview when --sheet FILE is given.
 #include "ImageCatalogue.h"
+#include "WindowImages.h"
 
 #include <QDir>
 #include <QFontDatabase>
@@ -65,6 +66,7 @@ int main(int argc, char** argv)
     ImageCatalogue catalogue;
     addSharedImages(catalogue);
     addStartupImages(catalogue);
+    addWindowImages(catalogue);
 
     std::vector<QImage> drawn;
     QStringList names;
