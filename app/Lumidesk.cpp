@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Lumidesk.h"
 
+#include "Console.h"
+#include "ConsoleEngine.h"
+#include "InterfaceDialog.h"
+#include "MainWindowFactory.h"
 #include "MakeFont.h"
 
+#include <QMessageBox>
+#include <QPointer>
 #include <QSettings>
 
 Lumidesk* Lumidesk::s_instance = nullptr;
@@ -12,12 +18,14 @@ const QString languageKey = QStringLiteral("Language");
 }
 
 Lumidesk::Lumidesk(int& argc, char** argv)
-    : QApplication(argc, argv), m_language(QStringLiteral("en"))
+    : QApplication(argc, argv), m_deviceNotification([this] { consoleRemoved(); }),
+      m_language(QStringLiteral("en"))
 {
     s_instance = this;
     setOrganizationName(QStringLiteral("Orvex"));
     setApplicationName(QStringLiteral("Lumidesk"));
     loadTranslation();
+    Console::registerMetaTypes();
     installApplicationFonts();
 }
 
@@ -49,4 +57,70 @@ void Lumidesk::loadTranslation()
             m_language = code;
     }
     installTranslator(&m_translator);
+}
+
+int Lumidesk::run(const std::optional<ConsoleChoice>& preset)
+{
+    ConsoleChoice choice;
+    if (preset) {
+        choice = *preset;
+    } else {
+        InterfaceDialog dialog;
+        if (dialog.exec() != QDialog::Accepted)
+            return 0;
+        choice = {dialog.libraryName(), dialog.modelVariant()};
+    }
+
+    Console::LoadError error = Console::LoadFailed;
+    m_console = Console::load(choice.libraryName, choice.modelVariant, &error, m_language);
+    if (!m_console) {
+        showLoadError(error);
+        return 0;
+    }
+
+    QPointer<QWidget> window = MainWindowFactory::create();
+    registerDeviceNotification(window, consoleInterfaceClass());
+    const QMetaObject::Connection quitOnClose =
+        connect(this, &QGuiApplication::lastWindowClosed, this, &QCoreApplication::quit);
+    MainWindowFactory::show(window);
+    const int result = exec();
+    disconnect(quitOnClose);
+
+    // The console outlives every view: the window goes first, the engine last.
+    delete window;
+    unregisterDeviceNotification();
+    m_console->unload();
+    m_console = nullptr;
+    return result;
+}
+
+void Lumidesk::showLoadError(int error)
+{
+    if (error == Console::VersionMismatch) {
+        QMessageBox::critical(nullptr, tr("Connection error"),
+                              tr("The console software version does not match the Lumidesk "
+                                 "software version.\nPlease update one or both sides to a "
+                                 "matching version."),
+                              QMessageBox::Ok);
+    } else {
+        QMessageBox::critical(nullptr, tr("Critical error"),
+                              tr("Lumidesk failed to load the console selected!"), QMessageBox::Ok);
+    }
+}
+
+bool Lumidesk::registerDeviceNotification(QWidget* window, const QString& classGuid)
+{
+    const quintptr handle = window ? static_cast<quintptr>(window->winId()) : 0;
+    return m_deviceNotification.registerDeviceNotification(handle, classGuid);
+}
+
+void Lumidesk::unregisterDeviceNotification()
+{
+    m_deviceNotification.unregisterDeviceNotification();
+}
+
+void Lumidesk::consoleRemoved()
+{
+    if (m_console && m_console->engine())
+        m_console->engine()->usbDeviceRemoved();
 }

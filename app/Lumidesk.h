@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ConsoleChoice.h"
+#include "DeviceNotification.h"
 #include "Resources.h"
 
 #include <QApplication>
 #include <QString>
 #include <QStringList>
 #include <QTranslator>
+
+#include <optional>
 
 class Console;
 
@@ -33,12 +37,31 @@ public:
     // Stores the choice; it takes effect at the next start.
     void setLanguage(const QString& code);
 
+    // Runs the program from the console choice to the end of the event loop
+    // and returns the exit code. Without a preset choice the console type
+    // dialog asks (unless a console on USB answers first).
+    int run(const std::optional<ConsoleChoice>& preset = std::nullopt);
+
+    // Tells the engine when the console is unplugged, for as long as the
+    // window lives. False when no watch could be set up.
+    bool registerDeviceNotification(QWidget* window, const QString& classGuid);
+    void unregisterDeviceNotification();
+
+    // The device interface class of the console's USB interfaces.
+    static QString consoleInterfaceClass()
+    {
+        return QStringLiteral("{8D7140C7-BCAE-4BE2-A5C2-DFE48EBB759A}");
+    }
+
 private:
     void loadTranslation();
+    void showLoadError(int error);
+    void consoleRemoved();
 
     static Lumidesk* s_instance;
 
     Console* m_console = nullptr;
+    DeviceNotification m_deviceNotification;
     Resources m_resources;
     QString m_language;
     QTranslator m_translator;
