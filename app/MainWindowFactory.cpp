@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MainWindowFactory.h"
 
-#include "InterimMainWindow.h"
+#include "MainFrame.h"
 
 QWidget* MainWindowFactory::create()
 {
-    return new InterimMainWindow;
+    return new MainFrame;
 }
 
 void MainWindowFactory::show(QWidget* window)
 {
-    window->show();
+    static_cast<MainFrame*>(window)->showPlaced();
 }

@@ -5,8 +5,7 @@ class QWidget;
 
 // Where start-up gets its main window from. Lumidesk::run() creates the
 // window here after the console is loaded, shows it here, and deletes it
-// after the event loop. Until the full main window is built this hands out
-// the interim window.
+// after the event loop; tests and benchmarks use the same two steps.
 class MainWindowFactory
 {
 public:
