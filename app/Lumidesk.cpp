@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Lumidesk.h"
 
+#include "CITPAgent.h"
 #include "Console.h"
 #include "ConsoleEngine.h"
 #include "InterfaceDialog.h"
@@ -78,6 +79,10 @@ int Lumidesk::run(const std::optional<ConsoleChoice>& preset)
         return 0;
     }
 
+    // Visualisers are optional: without the network ports the console still runs.
+    if (!CITPAgent::start(m_console))
+        qDebug("CITP agent not started: running without visualisers");
+
     QPointer<QWidget> window = MainWindowFactory::create();
     registerDeviceNotification(window, consoleInterfaceClass());
     const QMetaObject::Connection quitOnClose =
@@ -89,6 +94,7 @@ int Lumidesk::run(const std::optional<ConsoleChoice>& preset)
     // The console outlives every view: the window goes first, the engine last.
     delete window;
     unregisterDeviceNotification();
+    CITPAgent::stop();
     m_console->unload();
     m_console = nullptr;
     return result;

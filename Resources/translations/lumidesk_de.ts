@@ -1,0 +1,44 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>InterfaceDialogClass</name>
+    <message>
+        <source>Lumidesk</source>
+        <translation>Lumidesk</translation>
+    </message>
+    <message>
+        <source>Select console type:</source>
+        <translation>Konsolentyp auswählen:</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Die neueste Software für Konsole und Lumidesk finden Sie unter &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar und Maple sind Marken von Glowcraft Lighting.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Run Lumidesk with a %1 console</source>
+        <translation>Lumidesk mit einer %1-Konsole verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>Lumidesk</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Verbindungsfehler</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>Die Softwareversion der Konsole passt nicht zur Softwareversion von Lumidesk.
+Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation>
+    </message>
+    <message>
+        <source>Critical error</source>
+        <translation>Kritischer Fehler</translation>
+    </message>
+    <message>
+        <source>Lumidesk failed to load the console selected!</source>
+        <translation>Lumidesk konnte die ausgewählte Konsole nicht laden!</translation>
+    </message>
+</context>
+</TS>

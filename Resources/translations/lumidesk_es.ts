@@ -1,0 +1,44 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>InterfaceDialogClass</name>
+    <message>
+        <source>Lumidesk</source>
+        <translation>Lumidesk</translation>
+    </message>
+    <message>
+        <source>Select console type:</source>
+        <translation>Seleccione el tipo de consola:</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;El software más reciente de la consola y de Lumidesk está disponible en &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar y Maple son marcas comerciales de Glowcraft Lighting.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Run Lumidesk with a %1 console</source>
+        <translation>Usar Lumidesk con una consola %1</translation>
+    </message>
+</context>
+<context>
+    <name>Lumidesk</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Error de conexión</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La versión del software de la consola no coincide con la versión del software de Lumidesk.
+Actualice uno o ambos lados a versiones que coincidan.</translation>
+    </message>
+    <message>
+        <source>Critical error</source>
+        <translation>Error crítico</translation>
+    </message>
+    <message>
+        <source>Lumidesk failed to load the console selected!</source>
+        <translation>¡Lumidesk no ha podido cargar la consola seleccionada!</translation>
+    </message>
+</context>
+</TS>
