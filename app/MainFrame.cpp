@@ -2,6 +2,7 @@
 #include "MainFrame.h"
 
 #include "ConsoleEngine.h"
+#include "FrontPanel.h"
 #include "Lumidesk.h"
 #include "Tab.h"
 
@@ -49,6 +50,7 @@ MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this)
     setPalette(background);
     setAutoFillBackground(true);
 
+    panel = new FrontPanel(this);
     buildTabs(currentConsoleType());
     if (Tab* first = strip.tab(0))
         first->activate();
