@@ -39,7 +39,7 @@ void Console::InsertSequenceStepCacheUpdateHook::run(int, int, int, int)
 }
 
 Console::Console(QLibrary* library, ConsoleEngine* engine)
-    : QObject(nullptr), m_library(library), m_engine(engine), m_cache(this)
+    : QObject(nullptr), m_library(library), m_engine(engine), m_cache(this), m_blinkTimer(this)
 {
     m_blinkTimer.setInterval(blinkIntervalMs);
     connect(&m_blinkTimer, &QTimer::timeout, this, &Console::buttonBlinkTimerTimeout);
