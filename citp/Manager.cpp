@@ -159,7 +159,10 @@ void Manager::receive(QUdpSocket& socket, bool location)
             peer.port = m_settings.assumedSessionPort;
             peer.name = message.parsePNam();
         }
-        grew = remember(peer) || grew;
+        const Remembered remembered = remember(peer);
+        if (remembered == Remembered::Ignored)
+            continue;
+        grew = grew || remembered == Remembered::Added;
         heard.append(peer);
     }
     const bool dropped = purge();
@@ -169,7 +172,7 @@ void Manager::receive(QUdpSocket& socket, bool location)
         emit peerHeard(peer);
 }
 
-bool Manager::remember(const PeerInfo& peer)
+Manager::Remembered Manager::remember(const PeerInfo& peer)
 {
     QMutexLocker locker(&m_mutex);
     for (KnownPeer& known : m_knownPeers) {
@@ -177,13 +180,13 @@ bool Manager::remember(const PeerInfo& peer)
             known.name = peer.name;
             known.port = peer.port;
             known.lastSeen = now();
-            return false;
+            return Remembered::Refreshed;
         }
     }
     if (m_knownPeers.size() >= maxKnownPeers)
-        return false;
+        return Remembered::Ignored;
     m_knownPeers.append(KnownPeer(peer, now()));
-    return true;
+    return Remembered::Added;
 }
 
 bool Manager::purge()

@@ -78,7 +78,7 @@ public:
 
 signals:
     void peerListChanged();
-    // Every valid announcement, also of peers already known.
+    // Every announcement of a listed peer, also of one already known.
     void peerHeard(const CITP::PeerInfo& peer);
 
 private slots:
@@ -94,7 +94,8 @@ private:
     void joinGroups();
     QList<QNetworkInterface> membershipInterfaces() const;
     void receive(QUdpSocket& socket, bool location);
-    bool remember(const PeerInfo& peer);
+    enum class Remembered { Added, Refreshed, Ignored };
+    Remembered remember(const PeerInfo& peer);
     bool purge();
     QDateTime now() const;
 
