@@ -3,6 +3,7 @@
 //   lumidesk_imagegen <resource folder> [file name ...]
 // With names, only those images are drawn. A contact sheet of everything
 // drawn goes to <resource folder>/../build-preview when --sheet FILE is given.
+#include "FrontPanelImages.h"
 #include "ImageCatalogue.h"
 #include "WindowImages.h"
 
@@ -67,6 +68,7 @@ int main(int argc, char** argv)
     addSharedImages(catalogue);
     addStartupImages(catalogue);
     addWindowImages(catalogue);
+    addFrontPanelImages(catalogue);
 
     std::vector<QImage> drawn;
     QStringList names;
