@@ -2,6 +2,7 @@
 #include "CellRowTable.h"
 
 #include "CellRow.h"
+#include "app/Lumidesk.h"
 
 #include <QGraphicsScene>
 #include <QPainter>
@@ -10,9 +11,12 @@
 
 namespace {
 
-Resources* sharedResources()
+// Null outside the application's lifetime (tools and some tests); items
+// that draw images then draw none.
+const Resources* sharedResources()
 {
-    return nullptr;
+    const Lumidesk* application = Lumidesk::instance();
+    return application ? &application->resources() : nullptr;
 }
 
 } // namespace

@@ -36,7 +36,7 @@ public:
     void setTopOffset(int offset) { m_topOffset = offset; }
     bool hideHeaderSeparator() const { return m_hideHeaderSeparator; }
     const QList<CellRow*>& rows() const { return m_rows; }
-    Resources* resources() const { return m_resources; }
+    const Resources* resources() const { return m_resources; }
 
     QRectF boundingRect() const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
@@ -51,7 +51,7 @@ protected:
 private:
     qreal rowTopBelow(const CellRow* upper, const CellRow* lower) const;
 
-    Resources* m_resources;
+    const Resources* m_resources;
     int m_topOffset = 0;
     int m_columnWidth = 49;
     int m_headerWidth = 82;

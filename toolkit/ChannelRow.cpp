@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ChannelRow.h"
+
+#include "CellRowTable.h"
+#include "app/MakeFont.h"
+
+#include <QPainter>
+
+ChannelRow::ChannelRow(CellRowTable* table, Console* console, const QString& title)
+    : CellRow(table, Spacing::NoSpacing, Spacing::NoSpacing), m_console(console), m_title(title),
+      m_font(makeFont(QStringLiteral("Gill Sans MT"), 11))
+{
+}
+
+ChannelRow::~ChannelRow() = default;
+
+void ChannelRow::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget)
+{
+    paintHeaderSeparator(painter, option, widget);
+    painter->setPen(Qt::white);
+    painter->setFont(m_font);
+    painter->drawText(QRectF(0, 0, table()->headerWidth() - 4, height()),
+                      Qt::AlignRight | Qt::AlignTop, m_title);
+}

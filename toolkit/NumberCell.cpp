@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "NumberCell.h"
+
+#include "app/MakeFont.h"
+
+#include <QPainter>
+
+NumberCell::NumberCell(CellRow* row, const QString& label)
+    : Cell(row, cellHeight), m_label(label), m_font(makeFont(QStringLiteral("Gill Sans MT"), 11))
+{
+}
+
+NumberCell::NumberCell(CellRow* row, int number)
+    : Cell(row, cellHeight), m_number(number), m_font(makeFont(QStringLiteral("Gill Sans MT"), 13))
+{
+}
+
+NumberCell::~NumberCell() = default;
+
+QString NumberCell::shownText() const
+{
+    return m_label.isNull() ? QString::number(m_number + 1) : m_label;
+}
+
+void NumberCell::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
+{
+    const QRectF bounds = boundingRect();
+    paintFrame(painter, bounds, QColor(128, 128, 128, 90), QPen(QColor(255, 255, 255, 0)));
+    painter->setPen(Qt::white);
+    painter->setFont(m_font);
+    painter->drawText(bounds, Qt::AlignCenter, shownText());
+}
