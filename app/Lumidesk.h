@@ -28,6 +28,9 @@ public:
     static Lumidesk* instance() { return s_instance; }
 
     Console* console() const { return m_console; }
+    // Hands over a console loaded elsewhere, for tests that build one on an
+    // in-process engine; the caller keeps it and clears it before deleting it.
+    void setConsole(Console* console) { m_console = console; }
     const Resources& resources() const { return m_resources; }
 
     // The language code in use ("en" unless a catalogue was loaded at start).
