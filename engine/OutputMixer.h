@@ -1,29 +1,35 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QtGlobal>
+#include "LiveState.h"
 
 #include <array>
 
 struct ConsoleStateRecord;
-struct DmxWrite;
+struct ModelProfile;
 
-// Computes the DMX output from the console's sources and publishes it into
-// dmxOutput / dmxPalette only when a byte really changes.
+// Computes the DMX output and publishes it into dmxOutput / dmxPalette only
+// when a byte really changes.
+//
+// Channels reach their addresses through dmxPatch (an address carrying a
+// channel and a device takes the higher level), independents likewise; the
+// grand master scales intensities (not device parameters), black out takes
+// them to zero. Device slots carry the live parameter values through the
+// device's parameter map, and its intensity slot the level of its control
+// channel. An address the program wrote through the DMX ring while nothing
+// drives it is held at that value.
 class OutputMixer
 {
 public:
-    static constexpr int addressCount = 1024;
+    static constexpr int addressCount = ConsoleStateRecord::addressCount;
 
     explicit OutputMixer(ConsoleStateRecord* record) : record_(record) {}
 
-    // A write from the program's DMX ring: the address is held at that level
-    // (or follows that palette) until the show changes.
-    void park(const DmxWrite& write);
+    void park(int address, quint8 level, quint8 palette);
     void clearParked();
 
-    // Recomputes the output; true when dmxOutput or dmxPalette changed.
-    bool publish();
+    // True when dmxOutput or dmxPalette changed.
+    bool publish(const LiveState& live, const ModelProfile& profile);
 
 private:
     struct Parked
@@ -33,6 +39,11 @@ private:
         quint8 palette = 0;
     };
 
+    void mixChannels(int grandMaster);
+    void mixDevices(const LiveState& live, const ModelProfile& profile, int grandMaster);
+
     ConsoleStateRecord* record_;
     std::array<Parked, addressCount> parked_{};
+    std::array<quint8, addressCount> output_{};
+    std::array<quint8, addressCount> palette_{};
 };

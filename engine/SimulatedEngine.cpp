@@ -147,6 +147,7 @@ void SimulatedEngine::step(int milliseconds)
             notifier_.flush();
         }
     }
+    simulation_->refresh();
     notifier_.flush();
     notifier_.send(17);
 }

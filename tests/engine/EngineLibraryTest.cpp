@@ -170,9 +170,10 @@ void EngineLibraryTest::dmxWritesReachTheOutput_data()
     QTest::addColumn<int>("level");
     QTest::addColumn<int>("palette");
     QTest::addColumn<int>("index");
-    QTest::newRow("level on 1:1") << "glowEngine" << 0 << 0 << 200 << 0 << 0;
+    // Addresses that nothing else drives in the demo show.
+    QTest::newRow("level on 1:300") << "glowEngine" << 0 << 299 << 200 << 0 << 299;
     QTest::newRow("level on 1:512") << "glowEngine" << 0 << 511 << 17 << 0 << 511;
-    QTest::newRow("palette 3 on 1:40") << "glowproEngine" << 0 << 39 << 0 << 4 << 39;
+    QTest::newRow("palette 3 on 2:40") << "glowproEngine" << 1 << 39 << 0 << 4 << 551;
     QTest::newRow("level on 2:17") << "glowproEngine" << 1 << 16 << 128 << 0 << 528;
 }
 
@@ -219,11 +220,11 @@ void EngineLibraryTest::dmxRingWrapsAround()
     harness.engine()->update(EngineTest::Step, 0, 0, 0);
     QVERIFY(harness.waitFor(playback));
     for (int k = 0; k < 6; ++k)
-        queueDmxWrite(r, 0, 100 + k, quint8(10 + k), 0);
+        queueDmxWrite(r, 0, 400 + k, quint8(10 + k), 0);
     harness.engine()->update(EngineTest::Step, 0, 0, 0);
     QVERIFY(harness.waitFor(playback, 2));
     for (int k = 0; k < 6; ++k)
-        QCOMPARE(int(r->dmxOutput[100 + k]), 10 + k);
+        QCOMPARE(int(r->dmxOutput[400 + k]), 10 + k);
     QCOMPARE(int(__atomic_load_n(&r->dmxReadIndex, __ATOMIC_ACQUIRE)), 3);
 }
 
@@ -233,9 +234,9 @@ void EngineLibraryTest::runningClockConsumesTheRing()
     harness.start(1);
     QVERIFY(harness.waitFor(ready));
     ConsoleStateRecord* r = harness.record();
-    queueDmxWrite(r, 0, 5, 99, 0);
+    queueDmxWrite(r, 0, 305, 99, 0);
     QVERIFY(harness.waitFor(outputLevels));
-    QCOMPARE(int(r->dmxOutput[5]), 99);
+    QCOMPARE(int(r->dmxOutput[305]), 99);
 }
 
 QTEST_GUILESS_MAIN(EngineLibraryTest)

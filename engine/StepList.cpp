@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "StepList.h"
+
+#include "ConsoleStateRecord.h"
+
+#include <cstring>
+
+namespace {
+constexpr quint32 emptyContent = 3;
+}
+
+StepList::StepList(ConsoleStateRecord* record, int key)
+{
+    constexpr int perPage = ConsoleStateRecord::sequenceFadersPerPage;
+    const int faders = record->sequenceFaderCount;
+    if (faders <= 0 || faders > perPage || key < 0)
+        return;
+    if (key == faders * ConsoleStateRecord::pages) {
+        stack_ = true;
+        steps_ = record->stackSteps;
+        count_ = &record->stackStepCount;
+        capacity_ = ConsoleStateRecord::maxStackSteps;
+        return;
+    }
+    page_ = key / faders;
+    fader_ = key % faders;
+    if (page_ >= ConsoleStateRecord::pages)
+        return;
+    SequenceRecord& sequence = record->sequences[page_ * perPage + fader_];
+    steps_ = sequence.steps;
+    count_ = &sequence.stepCount;
+    capacity_ = SequenceRecord::maxSteps;
+}
+
+bool StepList::insert(int index, quint16 cueNumber, const ConsoleStateRecord& defaults)
+{
+    const int n = count();
+    if (n >= capacity_ || index < 0)
+        return false;
+    if (index > n)
+        index = n;
+    std::memmove(steps_ + index + 1, steps_ + index, size_t(n - index) * sizeof(StepRecord));
+    StepRecord& step = steps_[index];
+    std::memset(static_cast<void*>(&step), 0, sizeof step);
+    step.cueNumber = cueNumber;
+    step.contentType = emptyContent;
+    step.upTime = defaults.defaultUpFade;
+    step.downTime = defaults.defaultDownFade;
+    step.waitTime = defaults.defaultWait;
+    *count_ = quint8(n + 1);
+    return true;
+}
+
+bool StepList::remove(int index)
+{
+    const int n = count();
+    if (index < 0 || index >= n)
+        return false;
+    std::memmove(steps_ + index, steps_ + index + 1, size_t(n - index - 1) * sizeof(StepRecord));
+    std::memset(static_cast<void*>(steps_ + n - 1), 0, sizeof(StepRecord));
+    *count_ = quint8(n - 1);
+    return true;
+}
+
+bool StepList::move(int from, int to, quint16 cueNumber)
+{
+    const int n = count();
+    if (from < 0 || from >= n || to < 0 || to >= n)
+        return false;
+    StepRecord moved = steps_[from];
+    moved.cueNumber = cueNumber;
+    if (to > from)
+        std::memmove(steps_ + from, steps_ + from + 1, size_t(to - from) * sizeof(StepRecord));
+    else if (to < from)
+        std::memmove(steps_ + to + 1, steps_ + to, size_t(from - to) * sizeof(StepRecord));
+    steps_[to] = moved;
+    return true;
+}
