@@ -56,7 +56,7 @@ void CITPAgent::stop()
     s_instance = nullptr;
 }
 
-CITPAgent::CITPAgent(Console* console) : m_console(console)
+CITPAgent::CITPAgent(Console* console) : m_console(console), m_cipher(sessionKeyBytes())
 {
     m_clock.start();
 }
@@ -143,7 +143,7 @@ void CITPAgent::greet(Session* session)
     session->established = true;
     // A visualiser that (re)connects shows the stage as it is now, not only
     // after the next change.
-    sendOutputs(session);
+    citp->sendStates(outputMessages());
     const Selection selection = currentSelection();
     if (std::find(selection.cbegin(), selection.cend(), true) != selection.cend())
         sendSelection(session, selection);
@@ -151,18 +151,21 @@ void CITPAgent::greet(Session* session)
 
 void CITPAgent::consoleCacheOutputsUpdated()
 {
+    if (establishedSessionCount() == 0)
+        return;
+    const QList<CITP::Session::State> messages = outputMessages();
     for (Session* session : std::as_const(m_sessions)) {
-        if (session->established)
-            sendOutputs(session);
+        if (session->established && session->citpSession)
+            session->citpSession->sendStates(messages);
     }
 }
 
-void CITPAgent::sendOutputs(Session* session)
+QList<CITP::Session::State> CITPAgent::outputMessages() const
 {
+    QList<CITP::Session::State> messages;
     const ConsoleStateRecord* record = m_console ? m_console->cache()->record() : nullptr;
-    CITP::Session* citp = session->citpSession;
-    if (!record || !citp)
-        return;
+    if (!record)
+        return messages;
     CITP::Message message;
     CITP::Message::ChannelBlock block;
     block.firstChannel = 0;
@@ -171,10 +174,11 @@ void CITPAgent::sendOutputs(Session* session)
         block.universe = quint8(universe);
         std::memcpy(block.levels.data(), record->dmxOutput + universe * levelsPerUniverse,
                     levelsPerUniverse);
-        session->cipher.encryptLittleEndian(block.levels.data(), block.levels.size());
+        m_cipher.encryptLittleEndian(block.levels.data(), block.levels.size());
         message.initChBk(block);
-        citp->sendState(FirstUniverseKey + universe, message);
+        messages.append({FirstUniverseKey + universe, message.toByteArray()});
     }
+    return messages;
 }
 
 CITPAgent::Selection CITPAgent::currentSelection() const
@@ -274,7 +278,7 @@ void CITPAgent::remove(Session* session)
     delete session;
 }
 
-CITPAgent::Session::Session(CITPAgent* agent) : agent(agent), cipher(sessionKeyBytes()) {}
+CITPAgent::Session::Session(CITPAgent* agent) : agent(agent) {}
 
 void CITPAgent::Session::connected(CITP::Session*)
 {

@@ -69,7 +69,6 @@ private:
         CITPAgent* agent;
         QPointer<CITP::Session> citpSession;
         bool established = false;
-        CITP::Blowfish cipher;
     };
 
     using Selection = std::array<bool, devices>;
@@ -81,7 +80,8 @@ private:
     bool hasSessionTo(const CITP::PeerInfo& peer) const;
     bool mayAttempt(const CITP::PeerInfo& peer);
     void greet(Session* session);
-    void sendOutputs(Session* session);
+    // Both universes as enciphered ChBk, ready for every session.
+    QList<CITP::Session::State> outputMessages() const;
     void sendSelection(Session* session, const Selection& selection);
     void applyChannelBlock(const CITP::Message::ChannelBlock& block);
     void applySelection(const CITP::Message::Selection& selection);
@@ -95,6 +95,9 @@ private:
     QList<Session*> m_sessions;
     Selection m_lastSelection{};
     QPointer<Console> m_console;
+    // Every session uses the same fixed key, and ECB gives the same bytes
+    // for the same levels, so each universe is enciphered once per change.
+    CITP::Blowfish m_cipher;
     struct Attempt
     {
         CITP::PeerInfo peer;

@@ -50,12 +50,29 @@ void Session::send(const Message& message)
 
 void Session::sendState(int key, const Message& message)
 {
+    sendStates({{key, message.toByteArray()}});
+}
+
+void Session::sendStates(const QList<State>& states)
+{
     if (state() != ConnectedState)
         return;
-    if (m_heldState.empty() && bytesToWrite() < maxQueuedBytes)
-        writeNow(message.toByteArray());
-    else
-        m_heldState[key] = message.toByteArray();
+    bool written = false;
+    for (const State& item : states) {
+        if (mayWriteNow()) {
+            write(item.bytes);
+            written = true;
+        } else {
+            m_heldState[item.key] = item.bytes;
+        }
+    }
+    if (written)
+        flush();
+}
+
+bool Session::mayWriteNow() const
+{
+    return m_heldState.empty() && bytesToWrite() < maxQueuedBytes;
 }
 
 void Session::writeNow(const QByteArray& bytes)

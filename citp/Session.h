@@ -48,12 +48,21 @@ public:
 
     const PeerInfo& peer() const { return m_peer; }
 
+    // A message that carries a whole state (a universe's levels, the
+    // selection), already in wire bytes, under the key of that state.
+    struct State
+    {
+        int key;
+        QByteArray bytes;
+    };
+
     // Queues the message behind everything sent before.
     void send(const Message& message);
-    // For messages that carry a whole state (a universe's levels, the
-    // selection): while the peer is not keeping up, the newest message of a
-    // key replaces an unsent older one instead of queueing behind it.
+    // For state messages: while the peer is not keeping up, the newest
+    // message of a key replaces an unsent older one instead of queueing
+    // behind it. Several states go out with one flush.
     void sendState(int key, const Message& message);
+    void sendStates(const QList<State>& states);
 
     qsizetype bufferedInputBytes() const { return m_reader.bufferedBytes(); }
     int heldStateMessages() const { return int(m_heldState.size()); }
@@ -69,6 +78,7 @@ private slots:
 
 private:
     void writeNow(const QByteArray& bytes);
+    bool mayWriteNow() const;
     void finish();
 
     Manager* m_manager;
