@@ -183,12 +183,12 @@ bool CitpPeer::sendCommand(const QString& command, QString* error)
     const QString verb = words.value(0).toLower();
     CITP::Message message;
     QList<int> numbers;
-    if (verb == QLatin1String("chbk") && words.size() == 4) {
+    if (verb == QLatin1String("chbk")) {
         bool universeOk = false;
         bool firstOk = false;
-        const int universe = words[1].toInt(&universeOk);
-        const int first = words[2].toInt(&firstOk);
-        if (!universeOk || !firstOk || universe < 0 || universe > 255 || first < 0 ||
+        const int universe = words.value(1).toInt(&universeOk);
+        const int first = words.value(2).toInt(&firstOk);
+        if (words.size() != 4 || !universeOk || !firstOk || universe < 0 || universe > 255 || first < 0 ||
             first > 65535 || !parseNumbers(words[3], 255, numbers) || numbers.isEmpty() ||
             numbers.size() > CITP::Message::levelsPerUniverse) {
             *error = QStringLiteral("usage: chbk UNIVERSE FIRST LEVEL,LEVEL,... (levels 0-255)");
@@ -201,9 +201,9 @@ bool CitpPeer::sendCommand(const QString& command, QString* error)
         for (int i = 0; i < numbers.size(); ++i)
             block.levels[size_t(i)] = quint8(numbers[i]);
         message.initChBk(block);
-    } else if (verb == QLatin1String("sele") && (words.size() == 2 || words.size() == 3)) {
+    } else if (verb == QLatin1String("sele")) {
         const bool adding = words.size() == 3 && words[1].toLower() == QLatin1String("add");
-        if ((words.size() == 3 && !adding) || !parseNumbers(words.last(), 65535, numbers)) {
+        if ((words.size() != 2 && !adding) || !parseNumbers(words.last(), 65535, numbers)) {
             *error = QStringLiteral("usage: sele [add] ID,ID,...");
             return false;
         }
@@ -212,8 +212,8 @@ bool CitpPeer::sendCommand(const QString& command, QString* error)
         for (int id : std::as_const(numbers))
             selection.deviceIds.append(quint16(id));
         message.initSele(selection);
-    } else if (verb == QLatin1String("dese") && words.size() <= 2) {
-        if (words.size() == 2 && !parseNumbers(words[1], 65535, numbers)) {
+    } else if (verb == QLatin1String("dese")) {
+        if (words.size() > 2 || (words.size() == 2 && !parseNumbers(words[1], 65535, numbers))) {
             *error = QStringLiteral("usage: dese [ID,ID,...]");
             return false;
         }
