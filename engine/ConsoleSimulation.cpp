@@ -1051,6 +1051,7 @@ void ConsoleSimulation::recordMemory(int fader, bool selectedDevicesOnly)
 {
     if (fader < 0 || fader >= profile_.faderCount)
         return;
+    refresh(); // record what is on stage right now
     const int page = record_->memoryPage;
     MemoryRecord& memory = record_->memories[page * ConsoleStateRecord::memoriesPerPage + fader];
     ContentRecord& content = memory.content;
@@ -1083,6 +1084,7 @@ void ConsoleSimulation::recordMemory(int fader, bool selectedDevicesOnly)
 
 void ConsoleSimulation::recordStackCue()
 {
+    refresh(); // record what is on stage right now
     int slot = -1;
     for (int n = 0; n < ConsoleStateRecord::stackCues && slot < 0; ++n) {
         if (!record_->cueRecorded[n])

@@ -12,11 +12,15 @@ constexpr std::string_view manualClockVariable = "LUMIDESK_ENGINE_MANUAL_CLOCK";
 // so that the program's version-mismatch handling can be exercised.
 constexpr std::string_view consoleVersionVariable = "LUMIDESK_ENGINE_CONSOLE_VERSION";
 
-// update(Step, milliseconds, 0, 0): after every request queued before it has
-// been handled, advance a manual clock by the given time in whole ticks (no
-// advance with the running clock), then answer with notification 17. Also a
-// barrier: once 17 arrives, everything sent before has been handled.
+// update(Step, milliseconds, token, 0): after every request queued before it
+// has been handled, advance a manual clock by the given time in whole ticks
+// (no advance with the running clock), publish, then answer with the system
+// message 39/5 (type Step, argument token): the program's lumideskCommand
+// signal, whose types from 7 on it ignores. A barrier: once that signal
+// arrives, everything sent before has been handled and every signal before it
+// delivered. (A hook would not do: a bulk change drops pending hooks.)
 constexpr int Step = 250;
+
 // Length of one engine tick in milliseconds.
 constexpr int tickMilliseconds = 25;
 } // namespace EngineTest

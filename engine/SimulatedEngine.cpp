@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SimulatedEngine.h"
 
+#include "ConsoleCodes.h"
 #include "ConsoleSimulation.h"
 #include "ConsoleStateRecord.h"
 #include "EngineTestCodes.h"
@@ -102,7 +103,7 @@ void SimulatedEngine::panelEvent(const PanelEvent* event)
 void SimulatedEngine::update(int code, int a, int b, int c)
 {
     if (code == EngineTest::Step) {
-        post([this, a] { step(a); });
+        post([this, a, b] { step(a, b); });
         return;
     }
     post([this, code, a, b, c] { simulation_->handleUpdate(code, a, b, c); });
@@ -138,7 +139,7 @@ void SimulatedEngine::saveShowAs(QString fileName)
         call([this, fileName] { simulation_->saveShowAs(fileName); });
 }
 
-void SimulatedEngine::step(int milliseconds)
+void SimulatedEngine::step(int milliseconds, int token)
 {
     simulation_->consumeDmxWrites();
     if (manualClock_) {
@@ -149,7 +150,7 @@ void SimulatedEngine::step(int milliseconds)
     }
     simulation_->refresh();
     notifier_.flush();
-    notifier_.send(17);
+    notifier_.send(ConsoleCode::System, SystemCode::LumideskCommand, EngineTest::Step, token);
 }
 
 void SimulatedEngine::run(QString consoleVersion)

@@ -51,7 +51,7 @@ private:
     void run(QString consoleVersion);
     bool takeRequests(std::deque<Request>& into, Clock::time_point deadline);
     void runTicksUntil(Clock::time_point now);
-    void step(int milliseconds);
+    void step(int milliseconds, int token);
     void endOfWork();
 
     ModelProfile::Generation generation_;

@@ -11,7 +11,7 @@ namespace {
 constexpr int versionKnown = 37;
 constexpr int ready = 38;
 constexpr int outputLevels = 16;
-constexpr int playback = 17;
+constexpr int stepDone = 39; // the step barrier's answer
 
 struct EnvironmentGuard
 {
@@ -158,7 +158,7 @@ void EngineLibraryTest::otherConsoleVersionNeverBecomesReady()
     harness.engine()->update(EngineTest::Step, 0, 0, 0);
     harness.release(); // joins the engine thread: nothing can arrive afterwards
     QCOMPARE(harness.countOf(ready), 0);
-    QCOMPARE(harness.countOf(playback), 0);
+    QCOMPARE(harness.countOf(stepDone), 0);
     QCOMPARE(harness.notifications().size(), 1);
 }
 
@@ -192,7 +192,7 @@ void EngineLibraryTest::dmxWritesReachTheOutput()
     ConsoleStateRecord* r = harness.record();
     queueDmxWrite(r, universe, address, quint8(level), quint8(palette));
     harness.engine()->update(EngineTest::Step, 0, 0, 0);
-    QVERIFY(harness.waitFor(playback));
+    QVERIFY(harness.waitFor(stepDone));
     QCOMPARE(int(r->dmxOutput[index]), level);
     QCOMPARE(int(r->dmxPalette[index]), palette);
     QCOMPARE(int(__atomic_load_n(&r->dmxReadIndex, __ATOMIC_ACQUIRE)), 1);
@@ -203,7 +203,7 @@ void EngineLibraryTest::dmxWritesReachTheOutput()
     // The same value again changes nothing, so nothing is announced.
     queueDmxWrite(r, universe, address, quint8(level), quint8(palette));
     harness.engine()->update(EngineTest::Step, 0, 0, 0);
-    QVERIFY(harness.waitFor(playback, 2));
+    QVERIFY(harness.waitFor(stepDone, 2));
     QCOMPARE(harness.countOf(outputLevels), 1);
 }
 
@@ -218,11 +218,11 @@ void EngineLibraryTest::dmxRingWrapsAround()
     r->dmxWriteIndex = 97;
     r->dmxReadIndex = 97;
     harness.engine()->update(EngineTest::Step, 0, 0, 0);
-    QVERIFY(harness.waitFor(playback));
+    QVERIFY(harness.waitFor(stepDone));
     for (int k = 0; k < 6; ++k)
         queueDmxWrite(r, 0, 400 + k, quint8(10 + k), 0);
     harness.engine()->update(EngineTest::Step, 0, 0, 0);
-    QVERIFY(harness.waitFor(playback, 2));
+    QVERIFY(harness.waitFor(stepDone, 2));
     for (int k = 0; k < 6; ++k)
         QCOMPARE(int(r->dmxOutput[400 + k]), 10 + k);
     QCOMPARE(int(__atomic_load_n(&r->dmxReadIndex, __ATOMIC_ACQUIRE)), 3);

@@ -1,0 +1,499 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The simulated console as the program drives it: through Console, panel
+// events and the show operations, observed in the record and the signals.
+#include "ConsoleEngine.h"
+#include "ConsoleSession.h"
+#include "EngineTestCodes.h"
+#include "PanelKey.h"
+#include "RecordArea.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+constexpr int stackPlayback = 12;
+
+void writeFile(const QString& name, const QByteArray& bytes)
+{
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+QByteArray readFile(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Counts a Console signal on the test's thread (queued, like a view).
+class SignalCount : public QObject
+{
+public:
+    template <typename Signal> SignalCount(Console* console, Signal signal)
+    {
+        connect(console, signal, this, [this] { ++count; });
+    }
+    int count = 0;
+};
+} // namespace
+
+class SimulatedConsoleTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+
+    void cuePlaysBackWithItsTimes_data();
+    void cuePlaysBackWithItsTimes();
+    void faderGrandMasterAndBlackOutReachTheOutput_data();
+    void faderGrandMasterAndBlackOutReachTheOutput();
+    void savedShowOpensByteIdentical();
+    void refusedShowFileLeavesTheShowIntact_data();
+    void refusedShowFileLeavesTheShowIntact();
+    void failedSaveKeepsTheOldFile();
+    void stepEditsKeepTheListConsistent_data();
+    void stepEditsKeepTheListConsistent();
+    void patchedDeviceFollowsItsPersonality();
+    void eraseRequestsAreBulkChanges_data();
+    void eraseRequestsAreBulkChanges();
+    void showSurvivesARestart();
+
+private:
+    QTemporaryDir files_;
+    QString mapleShow_;
+};
+
+void SimulatedConsoleTest::initTestCase()
+{
+    qputenv(std::string(EngineTest::manualClockVariable).c_str(), "1");
+    Console::registerMetaTypes();
+    QVERIFY(files_.isValid());
+    // A show from another model for the refusal tests.
+    mapleShow_ = files_.filePath("maple.asc");
+    ConsoleSession maple("glowproEngine", 0);
+    QVERIFY(maple.isLoaded());
+    maple.console()->engine()->saveShowAs(mapleShow_);
+    QVERIFY(QFile::exists(mapleShow_));
+}
+
+void SimulatedConsoleTest::init()
+{
+    // Every test starts from a console that has never run: the demo show.
+    QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Lumidesk")
+        .removeRecursively();
+}
+
+void SimulatedConsoleTest::cuePlaysBackWithItsTimes_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<int>("upTime");
+    QTest::addColumn<int>("downTime");
+    QTest::addColumn<int>("elapsed");
+    QTest::addColumn<int>("level");
+    QTest::addColumn<int>("upProgress");
+    QTest::addColumn<int>("downProgress");
+    QTest::addColumn<int>("remainingUp");
+    QTest::addColumn<int>("remainingDown");
+    QTest::newRow("rising, halfway through a 2 s up time")
+        << 0 << 200 << 20 << 50 << 1000 << 100 << 127 << 51 << 10 << 40;
+    QTest::newRow("falling, a quarter into a 4 s down time")
+        << 200 << 0 << 20 << 40 << 1000 << 150 << 127 << 63 << 10 << 30;
+    QTest::newRow("rising, one tick in") << 40 << 240 << 30 << 30 << 25 << 41 << 2 << 2 << 30 << 30;
+    QTest::newRow("complete after the longer time")
+        << 200 << 10 << 10 << 30 << 3000 << 10 << 255 << 255 << 0 << 0;
+    QTest::newRow("zero times snap") << 0 << 255 << 0 << 0 << 0 << 255 << 255 << 255 << 0 << 0;
+}
+
+void SimulatedConsoleTest::cuePlaysBackWithItsTimes()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    QFETCH(int, upTime);
+    QFETCH(int, downTime);
+    QFETCH(int, elapsed);
+    QFETCH(int, level);
+    QFETCH(int, upProgress);
+    QFETCH(int, downProgress);
+    QFETCH(int, remainingUp);
+    QFETCH(int, remainingDown);
+
+    ConsoleSession s("glowEngine", 0);
+    QVERIFY(s.isLoaded());
+    s.console()->engine()->newShow();
+    s.record()->dmxPatch[0] = 1;
+    s.console()->patchChanged();
+
+    // Record two cues from the channel fader with Rec Seq + GO.
+    for (int cueLevel : {from, to}) {
+        s.moveFader(0, cueLevel);
+        s.press(PanelKey::RecordSequence);
+        s.tap(PanelKey::Go);
+        s.release(PanelKey::RecordSequence);
+    }
+    s.moveFader(0, 0);
+    QVERIFY(s.step());
+    QCOMPARE(int(s.record()->stackStepCount), 2);
+    QCOMPARE(int(s.record()->stackSteps[1].cueNumber), 20);
+
+    StepRecord* first = s.cache()->step(-1, -1, 0);
+    first->upTime = first->downTime = 0;
+    s.console()->sequenceStepChanged(Console::Sequence(), 0);
+    StepRecord* second = s.cache()->step(-1, -1, 1);
+    second->upTime = quint16(upTime);
+    second->downTime = quint16(downTime);
+    s.console()->sequenceStepChanged(Console::Sequence(), 1);
+
+    s.tap(PanelKey::Go);
+    QVERIFY(s.step());
+    QCOMPARE(int(s.record()->channelLevels[0]), from);
+
+    SignalCount playback(s.console(), &Console::playbackUpdated);
+    s.tap(PanelKey::Go);
+    QVERIFY(s.step(elapsed));
+    const PlaybackRecord& p = s.record()->playbacks[stackPlayback];
+    QCOMPARE(int(s.record()->channelLevels[0]), level);
+    QCOMPARE(int(s.record()->dmxOutput[0]), level);
+    QCOMPARE(int(p.upProgress), upProgress);
+    QCOMPARE(int(p.downProgress), downProgress);
+    QCOMPARE(int(p.remainingUp), remainingUp);
+    QCOMPARE(int(p.remainingDown), remainingDown);
+    QCOMPARE(int(p.afterLiveStep), 2);
+    QCOMPARE(int(p.nextStep), 0); // a looping stack comes back to its first cue
+    QVERIFY(playback.count > 0);
+}
+
+void SimulatedConsoleTest::faderGrandMasterAndBlackOutReachTheOutput_data()
+{
+    QTest::addColumn<QString>("library");
+    QTest::addColumn<int>("variant");
+    QTest::addColumn<int>("fader");
+    QTest::newRow("Alder fader 4") << "glowEngine" << 0 << 3;
+    QTest::newRow("Birch fader 24") << "glowEngine" << 1 << 23;
+    QTest::newRow("Cedar fader 40") << "glowEngine" << 2 << 39;
+    QTest::newRow("Maple fader 1") << "glowproEngine" << 0 << 0;
+}
+
+void SimulatedConsoleTest::faderGrandMasterAndBlackOutReachTheOutput()
+{
+    QFETCH(QString, library);
+    QFETCH(int, variant);
+    QFETCH(int, fader);
+    ConsoleSession s(library, variant);
+    QVERIFY(s.isLoaded());
+    ConsoleStateRecord* r = s.record();
+    // The demo show patches channel n to address n.
+    QCOMPARE(int(r->dmxPatch[fader]), fader + 1);
+    SignalCount outputs(s.console(), &Console::outputsUpdated);
+
+    s.moveFader(fader, 200);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->channelLevels[fader]), 200);
+    QCOMPARE(int(r->faders[fader].level), 200);
+    QCOMPARE(int(r->dmxOutput[fader]), 200);
+    QCOMPARE(int(r->dmxOutput[fader + 1]), 0);
+    QCOMPARE(outputs.count, 1);
+
+    s.moveFader(PanelKey::GrandMasterFader, 128);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->grandMasterLevel), 128);
+    QCOMPARE(int(r->dmxOutput[fader]), 100);
+    QCOMPARE(int(r->channelLevels[fader]), 200); // channel levels stay before the master
+
+    s.tap(PanelKey::BlackOut);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->dmxOutput[fader]), 0);
+    QVERIFY(r->leds[PanelKey::BlackOut].on[0] != r->leds[PanelKey::BlackOut].off[0]); // blinking
+
+    s.tap(PanelKey::BlackOut);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->dmxOutput[fader]), 100);
+    QCOMPARE(outputs.count, 4);
+
+    // Nothing changed: nothing announced.
+    s.moveFader(fader, 200);
+    QVERIFY(s.step(100));
+    QCOMPARE(outputs.count, 4);
+}
+
+void SimulatedConsoleTest::savedShowOpensByteIdentical()
+{
+    const QString name = files_.filePath("roundtrip.asc");
+    ConsoleSession s("glowproEngine", 0);
+    QVERIFY(s.isLoaded());
+    SignalCount fileName(s.console(), &Console::playFileNameUpdated);
+    SignalCount loaded(s.console(), &Console::playLoaded);
+    s.cache()->setChannelLegend(5, 0, "Spot");
+    QVERIFY(s.step());
+    const QByteArray saved = s.showBytes();
+
+    s.console()->engine()->saveShowAs(name);
+    QVERIFY(s.step());
+    QCOMPARE(s.showFileName(), name);
+    QCOMPARE(fileName.count, 1);
+
+    s.console()->engine()->newShow();
+    QVERIFY(s.step());
+    QVERIFY(s.showBytes() != saved);
+    QCOMPARE(s.showFileName(), QString());
+    QCOMPARE(loaded.count, 1);
+
+    QCOMPARE(s.console()->engine()->openShow(name), 0);
+    QVERIFY(s.step());
+    QCOMPARE(loaded.count, 2);
+    QCOMPARE(s.showFileName(), name);
+    QVERIFY(s.showBytes() == saved);
+    QCOMPARE(s.cache()->channelLegend(5, 0), QString("Spot"));
+}
+
+void SimulatedConsoleTest::refusedShowFileLeavesTheShowIntact_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("result");
+    QTest::newRow("show of another console type") << "maple" << 1;
+    QTest::newRow("truncated show") << "truncated" << 2;
+    QTest::newRow("one byte changed") << "flipped" << 2;
+    QTest::newRow("random bytes") << "random" << 2;
+    QTest::newRow("empty file") << "empty" << 2;
+    QTest::newRow("missing file") << "missing" << 2;
+}
+
+void SimulatedConsoleTest::refusedShowFileLeavesTheShowIntact()
+{
+    QFETCH(QString, kind);
+    QFETCH(int, result);
+    ConsoleSession s("glowEngine", 1);
+    QVERIFY(s.isLoaded());
+    const QString good = files_.filePath("birch.asc");
+    s.console()->engine()->saveShowAs(good);
+    QVERIFY(s.step());
+    const QByteArray valid = readFile(good);
+    QVERIFY(!valid.isEmpty());
+
+    QString name = files_.filePath(kind + ".asc");
+    if (kind == "maple") {
+        name = mapleShow_;
+    } else if (kind == "truncated") {
+        writeFile(name, valid.left(valid.size() / 2));
+    } else if (kind == "flipped") {
+        QByteArray bytes = valid;
+        bytes[bytes.size() / 3] = char(bytes[bytes.size() / 3] ^ 0x10);
+        writeFile(name, bytes);
+    } else if (kind == "random") {
+        QByteArray bytes(valid.size(), Qt::Uninitialized);
+        QRandomGenerator generator(7);
+        for (char& byte : bytes)
+            byte = char(generator.bounded(256));
+        writeFile(name, bytes);
+    } else if (kind == "empty") {
+        writeFile(name, {});
+    }
+
+    s.cache()->setChannelLegend(0, 0, "Kept");
+    QVERIFY(s.step());
+    const QByteArray before = s.showBytes();
+    SignalCount loaded(s.console(), &Console::playLoaded);
+    SignalCount fileName(s.console(), &Console::playFileNameUpdated);
+
+    QCOMPARE(s.console()->engine()->openShow(name), result);
+    QVERIFY(s.step());
+    QVERIFY(s.showBytes() == before);
+    QCOMPARE(s.showFileName(), good);
+    QCOMPARE(loaded.count, 0);
+    QCOMPARE(fileName.count, 0);
+}
+
+void SimulatedConsoleTest::failedSaveKeepsTheOldFile()
+{
+    ConsoleSession s("glowEngine", 2);
+    QVERIFY(s.isLoaded());
+    const QString good = files_.filePath("cedar.asc");
+    s.console()->engine()->saveShowAs(good);
+    QVERIFY(s.step());
+    const QByteArray old = readFile(good);
+
+    // A folder that is a plain file can hold nothing, whoever runs the test.
+    const QString blocker = files_.filePath("not-a-folder");
+    writeFile(blocker, "x");
+    SignalCount fileName(s.console(), &Console::playFileNameUpdated);
+    s.cache()->setChannelLegend(1, 0, "Edited");
+    s.console()->engine()->saveShowAs(blocker + "/show.asc");
+    QVERIFY(s.step());
+    QCOMPARE(s.showFileName(), good);
+    QCOMPARE(fileName.count, 0);
+    QVERIFY(readFile(good) == old);
+
+    // Saving where the file is a folder fails the same way.
+    const QString folder = files_.filePath("folder.asc");
+    QVERIFY(QDir().mkpath(folder));
+    s.console()->engine()->saveShowAs(folder);
+    QVERIFY(s.step());
+    QCOMPARE(s.showFileName(), good);
+
+    // Saving to the current file replaces it as a whole.
+    s.console()->engine()->saveShow();
+    QVERIFY(s.step());
+    const QByteArray replaced = readFile(good);
+    QVERIFY(replaced != old);
+    QCOMPARE(replaced.size(), old.size());
+}
+
+void SimulatedConsoleTest::stepEditsKeepTheListConsistent_data()
+{
+    QTest::addColumn<int>("page");
+    QTest::addColumn<int>("fader");
+    QTest::addColumn<int>("capacity");
+    QTest::newRow("sequence of page 3, fader 5: 24 steps") << 2 << 4 << 24;
+    QTest::newRow("stack: 199 steps") << -1 << -1 << 199;
+}
+
+void SimulatedConsoleTest::stepEditsKeepTheListConsistent()
+{
+    QFETCH(int, page);
+    QFETCH(int, fader);
+    QFETCH(int, capacity);
+    ConsoleSession s("glowEngine", 1);
+    QVERIFY(s.isLoaded());
+    ConsoleCache* cache = s.cache();
+    s.console()->engine()->newShow();
+    QVERIFY(s.step());
+
+    // Fill the list from the back, so every insert lands at the front. One
+    // at a time, as the program's insert hook names the step by position.
+    for (int i = capacity - 1; i >= 0; --i) {
+        cache->insertStep(page, fader, 0, (i + 1) * 10, 0, quint16(i % 96));
+        QVERIFY(s.step());
+    }
+    QCOMPARE(cache->stepCount(page, fader), capacity);
+    for (int i = 0; i < capacity; ++i) {
+        QCOMPARE(int(cache->step(page, fader, i)->cueNumber), (i + 1) * 10);
+        QCOMPARE(int(cache->step(page, fader, i)->contentIndex), i % 96);
+        QCOMPARE(int(cache->step(page, fader, i)->contentType), 0);
+    }
+
+    // A full list refuses another step and stays as it was.
+    cache->insertStep(page, fader, 3, 5, 0, 50);
+    QVERIFY(s.step());
+    QCOMPARE(cache->stepCount(page, fader), capacity);
+    QCOMPARE(int(cache->step(page, fader, 3)->cueNumber), 40);
+
+    cache->deleteStep(page, fader, 0);
+    QVERIFY(s.step());
+    QCOMPARE(cache->stepCount(page, fader), capacity - 1);
+    QCOMPARE(int(cache->step(page, fader, 0)->cueNumber), 20);
+
+    // Move the first step behind the last one, under a new number.
+    cache->moveStep(page, fader, 0, capacity - 1, 9990);
+    QVERIFY(s.step());
+    QCOMPARE(cache->stepCount(page, fader), capacity - 1);
+    QCOMPARE(int(cache->step(page, fader, 0)->cueNumber), 30);
+    QCOMPARE(int(cache->step(page, fader, capacity - 2)->cueNumber), 9990);
+    QCOMPARE(int(cache->step(page, fader, capacity - 2)->contentIndex), 1);
+    // And back to the front.
+    cache->moveStep(page, fader, capacity - 2, 0, 15);
+    QVERIFY(s.step());
+    QCOMPARE(int(cache->step(page, fader, 0)->cueNumber), 15);
+    QCOMPARE(int(cache->step(page, fader, 1)->cueNumber), 30);
+
+    // Room again for one step in the middle, whose content the hook stores.
+    cache->insertStep(page, fader, 5, 55, 1, 7);
+    QVERIFY(s.step());
+    QCOMPARE(cache->stepCount(page, fader), capacity);
+    QCOMPARE(int(cache->step(page, fader, 5)->cueNumber), 55);
+    QCOMPARE(int(cache->step(page, fader, 5)->contentType), 1);
+    QCOMPARE(int(cache->step(page, fader, 5)->contentIndex), 7);
+    QCOMPARE(int(cache->step(page, fader, 5)->upTime), int(s.record()->defaultUpFade));
+}
+
+void SimulatedConsoleTest::patchedDeviceFollowsItsPersonality()
+{
+    ConsoleSession s("glowproEngine", 0);
+    QVERIFY(s.isLoaded());
+    const QList<RecordArea::Personality> personalities = RecordArea::personalities(s.record());
+    QVERIFY(personalities.size() >= 12);
+    // The 16-bit spot: pan, pan fine, tilt, tilt fine, ..., intensity at slot 13.
+    const auto spot = std::find_if(
+        personalities.begin(), personalities.end(),
+        [](const RecordArea::Personality& p) { return p.name.startsWith("Spot 575"); });
+    QVERIFY(spot != personalities.end());
+    SignalCount devices(s.console(), &Console::deviceUpdated);
+    s.cache()->patchDevice(10, spot->id, 600);
+    QVERIFY(s.step());
+    QCOMPARE(devices.count, 1);
+    const DeviceRecord& device = s.record()->devices[10];
+    QCOMPARE(int(device.firstAddress), 601);
+    QCOMPARE(int(device.footprint), spot->footprint);
+    QCOMPARE(int(device.parameterMap[1]), 1);  // pan
+    QCOMPARE(int(device.parameterMap[48]), 2); // pan fine
+    QCOMPARE(int(device.parameterMap[2]), 3);  // tilt
+    QCOMPARE(QByteArray(device.personalityName), QByteArray("Spot 575"));
+
+    // Its control channel drives the intensity slot; the program's DMX
+    // write moves the pan slot.
+    const int controlChannel = s.record()->channelCount - s.record()->deviceCount + 10;
+    s.tap(PanelKey::IntDevice);
+    s.moveFader(controlChannel - 48, 255);
+    s.console()->writeDmx(quint16(1 << 9 | (600 - 512)), 77, false);
+    QVERIFY(s.step());
+    QCOMPARE(int(s.record()->dmxOutput[600]), 77);
+    QCOMPARE(int(s.record()->dmxOutput[600 + 12]), 255);
+
+    s.cache()->unpatchDevice(10);
+    QVERIFY(s.step());
+    QCOMPARE(int(s.record()->devices[10].firstAddress), 0);
+    QCOMPARE(int(s.record()->dmxOutput[600]), 0);
+}
+
+void SimulatedConsoleTest::eraseRequestsAreBulkChanges_data()
+{
+    QTest::addColumn<int>("subCode");
+    QTest::addColumn<bool>("memoriesKept");
+    QTest::addColumn<bool>("stackKept");
+    QTest::newRow("erase memories") << 11 << false << true;
+    QTest::newRow("erase stack") << 13 << true << false;
+    QTest::newRow("erase all") << 16 << false << false;
+}
+
+void SimulatedConsoleTest::eraseRequestsAreBulkChanges()
+{
+    QFETCH(int, subCode);
+    QFETCH(bool, memoriesKept);
+    QFETCH(bool, stackKept);
+    ConsoleSession s("glowEngine", 0);
+    QVERIFY(s.isLoaded());
+    QVERIFY(s.record()->memories[0].recorded);
+    QVERIFY(s.record()->stackStepCount > 0);
+    SignalCount loaded(s.console(), &Console::playLoaded);
+    s.console()->sendUpdate(39, subCode, 0, 0);
+    QVERIFY(s.step());
+    QCOMPARE(loaded.count, 1);
+    QCOMPARE(s.record()->memories[0].recorded != 0, memoriesKept);
+    QCOMPARE(s.record()->stackStepCount != 0, stackKept);
+}
+
+void SimulatedConsoleTest::showSurvivesARestart()
+{
+    {
+        ConsoleSession s("glowEngine", 0);
+        QVERIFY(s.isLoaded());
+        s.cache()->setChannelLegend(2, 1, "Kept");
+        s.cache()->setPageName(0, 0, "Prolog");
+        QVERIFY(s.step());
+    }
+    ConsoleSession again("glowEngine", 0);
+    QVERIFY(again.isLoaded());
+    QCOMPARE(again.cache()->channelLegend(2, 1), QString("Kept"));
+    QCOMPARE(again.cache()->pageName(0, 0), QString("Prolog"));
+}
+
+QTEST_GUILESS_MAIN(SimulatedConsoleTest)
+#include "SimulatedConsoleTest.moc"
