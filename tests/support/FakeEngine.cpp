@@ -5,8 +5,6 @@
 #include "ConsoleCodes.h"
 #include "IConsoleHandler.h"
 
-#include <QMutexLocker>
-
 #include <cstring>
 #include <utility>
 
@@ -116,48 +114,46 @@ void FakeEngine::notify(int code, int a, int b, int c)
 
 void FakeEngine::post(int code, int a, int b, int c)
 {
-    QMutexLocker lock(&m_queueMutex);
+    std::lock_guard lock(m_queueMutex);
     if (!m_thread.joinable()) {
         m_stopping = false;
         m_thread = std::thread([this] { threadLoop(); });
     }
     m_queue.append({code, a, b, c});
-    m_queueChanged.wakeAll();
+    m_queueChanged.notify_all();
 }
 
 void FakeEngine::threadLoop()
 {
-    QMutexLocker lock(&m_queueMutex);
+    std::unique_lock lock(m_queueMutex);
     for (;;) {
-        while (m_queue.isEmpty() && !m_stopping)
-            m_queueChanged.wait(&m_queueMutex);
+        m_queueChanged.wait(lock, [this] { return !m_queue.isEmpty() || m_stopping; });
         if (m_queue.isEmpty())
             return;
         const Call call = m_queue.takeFirst();
         ++m_inFlight;
         lock.unlock();
         m_handler->notify(call.code, call.a, call.b, call.c);
-        lock.relock();
+        lock.lock();
         --m_inFlight;
-        m_queueChanged.wakeAll();
+        m_queueChanged.notify_all();
     }
 }
 
 void FakeEngine::waitIdle()
 {
-    QMutexLocker lock(&m_queueMutex);
-    while (!m_queue.isEmpty() || m_inFlight > 0)
-        m_queueChanged.wait(&m_queueMutex);
+    std::unique_lock lock(m_queueMutex);
+    m_queueChanged.wait(lock, [this] { return m_queue.isEmpty() && m_inFlight == 0; });
 }
 
 void FakeEngine::stopThread()
 {
     {
-        QMutexLocker lock(&m_queueMutex);
+        std::lock_guard lock(m_queueMutex);
         if (!m_thread.joinable())
             return;
         m_stopping = true;
-        m_queueChanged.wakeAll();
+        m_queueChanged.notify_all();
     }
     m_thread.join();
     m_thread = std::thread();
@@ -165,31 +161,31 @@ void FakeEngine::stopThread()
 
 QList<FakeEngine::Call> FakeEngine::updates() const
 {
-    QMutexLocker lock(&m_callMutex);
+    std::lock_guard lock(m_callMutex);
     return m_updates;
 }
 
 QList<FakeEngine::Call> FakeEngine::takeUpdates()
 {
-    QMutexLocker lock(&m_callMutex);
+    std::lock_guard lock(m_callMutex);
     return std::exchange(m_updates, {});
 }
 
 void FakeEngine::clearUpdates()
 {
-    QMutexLocker lock(&m_callMutex);
+    std::lock_guard lock(m_callMutex);
     m_updates.clear();
 }
 
 QList<PanelEvent> FakeEngine::panelEvents() const
 {
-    QMutexLocker lock(&m_callMutex);
+    std::lock_guard lock(m_callMutex);
     return m_panelEvents;
 }
 
 QString FakeEngine::lastShowFileName() const
 {
-    QMutexLocker lock(&m_callMutex);
+    std::lock_guard lock(m_callMutex);
     return m_lastShowFileName;
 }
 
@@ -215,26 +211,26 @@ void FakeEngine::release()
 
 void FakeEngine::panelEvent(const PanelEvent* event)
 {
-    QMutexLocker lock(&m_callMutex);
+    std::lock_guard lock(m_callMutex);
     m_panelEvents.append(*event);
 }
 
 void FakeEngine::update(int code, int a, int b, int c)
 {
-    QMutexLocker lock(&m_callMutex);
+    std::lock_guard lock(m_callMutex);
     m_updates.append({code, a, b, c});
 }
 
 int FakeEngine::openShow(QString fileName)
 {
-    QMutexLocker lock(&m_callMutex);
+    std::lock_guard lock(m_callMutex);
     m_lastShowFileName = fileName;
     return int(m_openShowResult);
 }
 
 void FakeEngine::saveShowAs(QString fileName)
 {
-    QMutexLocker lock(&m_callMutex);
+    std::lock_guard lock(m_callMutex);
     m_lastShowFileName = fileName;
     ++m_saves;
 }

@@ -8,11 +8,11 @@
 #include "RecordArea.h"
 
 #include <QList>
-#include <QMutex>
 #include <QString>
-#include <QWaitCondition>
 
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <thread>
 
 class Console;
@@ -131,13 +131,15 @@ private:
     int m_newShows = 0;
     int m_saves = 0;
 
-    mutable QMutex m_callMutex;
+    // Standard primitives rather than Qt's, so that the thread sanitizer
+    // sees every wait and wake-up.
+    mutable std::mutex m_callMutex;
     QList<Call> m_updates;
     QList<PanelEvent> m_panelEvents;
     QString m_lastShowFileName;
 
-    QMutex m_queueMutex;
-    QWaitCondition m_queueChanged;
+    std::mutex m_queueMutex;
+    std::condition_variable m_queueChanged;
     QList<Call> m_queue;
     int m_inFlight = 0;
     bool m_stopping = false;
