@@ -45,8 +45,14 @@ void PanTiltMonitorCell::paint(QPainter* painter, const QStyleOptionGraphicsItem
 {
     if (!isActive())
         return;
-    if (const Resources* images = table()->resources())
-        painter->drawImage(imageOrigin(), images->image(Resources::Id::PanTiltRoom));
+    if (const Resources* images = table()->resources()) {
+        // An image larger than the cell is cut at its edges rather than
+        // drawn over the neighbouring rows.
+        const QRect target =
+            QRect(imageOrigin(), imageSize()).intersected(boundingRect().toAlignedRect());
+        painter->drawImage(target, images->image(Resources::Id::PanTiltRoom),
+                           target.translated(-imageOrigin()));
+    }
     painter->setPen(QPen(Qt::white, 3, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
     painter->drawPoint(dotPosition());
 }

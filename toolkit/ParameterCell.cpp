@@ -117,10 +117,10 @@ void ParameterCell::selectAlone()
 
 void ParameterCell::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton) {
-        event->ignore();
+    // Other buttons leave the selection alone; taking the press keeps the
+    // scene from clearing it, so a context menu acts on what is selected.
+    if (event->button() != Qt::LeftButton)
         return;
-    }
     m_pressPos = event->pos();
     const bool extending = event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
     if (!extending && !isSelected())
@@ -149,7 +149,7 @@ void ParameterCell::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
     auto* editor = new InPlaceLineEdit(view->viewport(), this, initial, editorLength, fontSize,
                                        Qt::white, Qt::AlignCenter);
     const QRectF area = mapRectToScene(activeRect());
-    editor->setGeometry(QRect(view->mapFromScene(area.topLeft()), area.size().toSize()));
+    editor->setGeometry(QRectF(view->mapFromScene(area.topLeft()), area.size()).toRect());
     m_editing = true;
     update();
     editor->showEditor();
