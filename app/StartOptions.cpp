@@ -33,8 +33,10 @@ StartOptions StartOptions::parse(const QStringList& arguments)
     }
     if (parser.isSet(help)) {
         options.action = Action::ShowHelp;
-        options.message = parser.helpText().replace(QStringLiteral("<executable_name>"),
-                                                    QStringLiteral("lumidesk"));
+        // Qt names the running file (or nothing before the application exists).
+        const QString help = parser.helpText();
+        options.message =
+            QStringLiteral("Usage: lumidesk [options]") + help.mid(help.indexOf('\n'));
         return options;
     }
     if (!parser.positionalArguments().isEmpty()) {
