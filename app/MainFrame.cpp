@@ -2,7 +2,6 @@
 #include "MainFrame.h"
 
 #include "ConsoleEngine.h"
-#include "FrontPanel.h"
 #include "Lumidesk.h"
 #include "Tab.h"
 
@@ -37,7 +36,7 @@ int currentConsoleType()
 }
 } // namespace
 
-MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this)
+MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this), panel(this)
 {
     setWindowTitle(QStringLiteral("Lumidesk"));
     connect(&bar, &TitleBar::minimizeButtonClicked, this,
@@ -50,12 +49,10 @@ MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this)
     setPalette(background);
     setAutoFillBackground(true);
 
-    panel = new FrontPanel(this);
     buildTabs(currentConsoleType());
     if (Tab* first = strip.tab(0))
         first->activate();
-    if (panel)
-        panel->raise();
+    panel.raise();
 
     connectConsole();
     connect(&versionCheckTimer, &QTimer::timeout, this,
@@ -105,8 +102,7 @@ void MainFrame::addTab(int kind, Tab* tab)
     strip.addTab(tab);
     if (QWidget* view = tab->widget()) {
         view->setGeometry(contentRect(width(), height()));
-        if (panel)
-            panel->raise();
+        panel.raise();
     }
 }
 
@@ -181,14 +177,12 @@ void MainFrame::resizeEvent(QResizeEvent* event)
         if (QWidget* view = strip.tab(i)->widget())
             view->setGeometry(content);
     }
-    if (panel)
-        panel->move((w - panel->width()) / 2, h - panel->height());
+    panel.move((w - panel.width()) / 2, h - panel.height());
 }
 
 void MainFrame::setFrontPanelVisible(bool visible)
 {
-    if (panel)
-        panel->setVisible(visible);
+    panel.setVisible(visible);
     // The panel may have hidden part of the view, which repaints only when
     // shown again.
     if (!visible)

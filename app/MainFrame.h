@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Console.h"
+#include "FrontPanel.h"
 #include "TabStrip.h"
 #include "TitleBar.h"
 
@@ -65,8 +66,7 @@ public:
 
     TitleBar* titleBar() { return &bar; }
     TabStrip* tabStrip() { return &strip; }
-    // The emulated front panel, or null while there is none.
-    QWidget* frontPanel() const { return panel; }
+    FrontPanel* frontPanel() { return &panel; }
     void setFrontPanelVisible(bool visible);
 
     // Appends a view's tab and records its kind at the new index.
@@ -104,7 +104,7 @@ private:
     TabStrip strip;
     bool closeConfirmed = false;
     std::array<int, maxTabs> tabKinds{};
-    QWidget* panel = nullptr;
+    FrontPanel panel;
     QTimer versionCheckTimer;
     bool busy = false;
 };

@@ -398,10 +398,8 @@ void TitleBar::captureClicked()
         return;
     QRect area = mainWindow->frameGeometry();
     area.setTop(area.top() + frameGeometry().height());
-    if (auto* frame = qobject_cast<MainFrame*>(mainWindow)) {
-        if (QWidget* panel = frame->frontPanel())
-            area.setBottom(area.bottom() - panel->frameGeometry().height());
-    }
+    if (auto* frame = qobject_cast<MainFrame*>(mainWindow))
+        area.setBottom(area.bottom() - frame->frontPanel()->frameGeometry().height());
     visualiserFinder.toggle(area);
 }
 
