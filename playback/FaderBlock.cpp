@@ -234,8 +234,12 @@ void FaderBlock::buttonClicked(Button* button)
 {
     if (button != zero)
         return;
-    for (ConsoleFader* fader : std::as_const(faders))
-        fader->setValue(0.0f, true);
+    // Every fader sends its new level, also one that was already down, so
+    // that the console's faders all end at zero.
+    for (ConsoleFader* fader : std::as_const(faders)) {
+        fader->setValue(0.0f, false);
+        fader->faderValueChanged(fader);
+    }
 }
 
 void FaderBlock::textChanged(::InPlaceEditableText* item, const QString& text)
