@@ -289,6 +289,9 @@ void FrontPanel::buildFaderBlock(const QStringList& fields)
     auto* block = new FaderBlock(&panel, number(fields[4]), number(fields[3]), blockFaderLength,
                                  blockSpacing, blockGap, blockButtonOffset, false);
     block->setPos(QPoint(number(fields[1]), number(fields[2])) + faderBlockShift);
+    // The console's surface has no zero key, and its neighbouring controls
+    // sit where the block would put it.
+    block->zeroButton()->hide();
     blocks.append(block);
 }
 
