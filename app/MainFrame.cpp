@@ -155,6 +155,10 @@ void MainFrame::showPlaced()
     const QScreen* screen = QGuiApplication::primaryScreen();
     const QRect area = screen ? screen->availableGeometry() : QRect();
     if (!fitsFixedSize(area)) {
+        // Sized first as well, for desktops without a window manager that
+        // would carry out the full-screen request.
+        if (screen)
+            setGeometry(screen->geometry());
         showFullScreen();
         return;
     }

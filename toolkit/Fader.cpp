@@ -2,6 +2,7 @@
 #include "Fader.h"
 
 #include "FaderHandler.h"
+#include "Lumidesk.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
@@ -21,10 +22,12 @@ QColor withAlpha(QColor colour, int alpha)
     return colour;
 }
 
-const QPixmap& knobImage()
+// The knob of the shared image set, with its pixel mode applied; null
+// outside the application.
+const QImage* knobImage()
 {
-    static const QPixmap knob(QStringLiteral(":/Lumidesk/Resources/FaderKnobDark.png"));
-    return knob;
+    const Lumidesk* app = Lumidesk::instance();
+    return app ? &app->resources().image(Resources::Id::FaderKnobDark) : nullptr;
 }
 } // namespace
 
@@ -110,7 +113,8 @@ void Fader::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
             paintBar(painter, 28, 10, colourA, levelA_);
         }
     }
-    painter->drawPixmap(3, int((1.0f - position) * travel), knobImage());
+    if (const QImage* knob = knobImage())
+        painter->drawImage(3, int((1.0f - position) * travel), *knob);
 }
 
 void Fader::mousePressEvent(QGraphicsSceneMouseEvent* event)

@@ -32,6 +32,8 @@ private slots:
     void geometryFollowsTheTravel();
     void grooveAndLevelBars_data();
     void grooveAndLevelBars();
+    void knobFollowsTheValue_data();
+    void knobFollowsTheValue();
 };
 
 void TestFader::dragMovesByTravelAndClamps_data()
@@ -166,6 +168,31 @@ void TestFader::grooveAndLevelBars()
     QVERIFY2(qAbs(seen.red() - expected.red()) <= 1 && qAbs(seen.green() - expected.green()) <= 1 &&
                  qAbs(seen.blue() - expected.blue()) <= 1,
              qPrintable(seen.name() + QStringLiteral(" instead of ") + expected.name()));
+}
+
+void TestFader::knobFollowsTheValue_data()
+{
+    QTest::addColumn<float>("value");
+    QTest::addColumn<int>("knobTop");
+    QTest::newRow("bottom") << 0.0f << 100;
+    QTest::newRow("middle") << 0.5f << 50;
+    QTest::newRow("top") << 1.0f << 0;
+}
+
+void TestFader::knobFollowsTheValue()
+{
+    QFETCH(float, value);
+    QFETCH(int, knobTop);
+    Fader fader(nullptr, nullptr, nullptr, 100, false);
+    fader.setValue(value, false);
+    const QImage image = renderItem(fader);
+    // The knob's white centre line, drawn from the shared image set (whose
+    // loader rebuilds grey and alpha from the stored file).
+    const QColor line = image.pixelColor(19, knobTop + 27);
+    QVERIFY2(line.red() > 230 && line.red() == line.green() && line.green() == line.blue(),
+             qPrintable(line.name()));
+    const QColor below = image.pixelColor(19, knobTop + 40);
+    QVERIFY2(below.red() < 200, qPrintable(below.name()));
 }
 
 int main(int argc, char** argv)
