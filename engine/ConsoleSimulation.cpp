@@ -750,6 +750,7 @@ void ConsoleSimulation::tick(int milliseconds)
 void ConsoleSimulation::refresh()
 {
     dirty_ = false;
+    runSequences(); // a sequence starts as soon as its fader leaves zero
     for (CuePlayer& player : players_)
         player.applyParameters(live_);
     mixChannels();

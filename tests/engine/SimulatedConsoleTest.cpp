@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstring>
 #include <memory>
 
 namespace {
@@ -66,6 +67,11 @@ private slots:
     void eraseRequestsAreBulkChanges_data();
     void eraseRequestsAreBulkChanges();
     void showSurvivesARestart();
+    void memoryRecordedAndPlayedOnItsFader();
+    void sequenceRunsWithItsTimes_data();
+    void sequenceRunsWithItsTimes();
+    void independentKeysLatchOrBump();
+    void displayAndLedsFollowTheMode();
 
 private:
     QTemporaryDir files_;
@@ -493,6 +499,151 @@ void SimulatedConsoleTest::showSurvivesARestart()
     QVERIFY(again.isLoaded());
     QCOMPARE(again.cache()->channelLegend(2, 1), QString("Kept"));
     QCOMPARE(again.cache()->pageName(0, 0), QString("Prolog"));
+}
+
+void SimulatedConsoleTest::memoryRecordedAndPlayedOnItsFader()
+{
+    ConsoleSession s("glowEngine", 0);
+    QVERIFY(s.isLoaded());
+    ConsoleStateRecord* r = s.record();
+    std::memset(&r->memories[5], 0, sizeof r->memories[5]);
+    QList<Console::Memory> updated;
+    QObject receiver;
+    connect(s.console(), &Console::memoryUpdated, &receiver,
+            [&](Console::Memory m) { updated.append(m); });
+
+    s.moveFader(0, 180);
+    s.press(PanelKey::RecordMemory);
+    s.tap(5); // flash key of fader 6
+    s.release(PanelKey::RecordMemory);
+    s.moveFader(0, 0);
+    QVERIFY(s.step());
+    QCOMPARE(updated.size(), 1);
+    QCOMPARE(updated.at(0), Console::Memory(0, 5));
+    QCOMPARE(int(r->memories[5].recorded), 1);
+    QCOMPARE(int(r->memories[5].content.channelLevels[0]), 180);
+    QCOMPARE(int(r->channelLevels[0]), 0);
+
+    s.tap(PanelKey::Memories);
+    s.moveFader(5, 128);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->liveMode), 1);
+    QCOMPARE(int(r->faders[5].level), 128);
+    QCOMPARE(int(r->faders[5].active), 1);
+    QCOMPARE(int(r->channelLevels[0]), 90);
+
+    // Another page: the raised fader keeps the page it loaded.
+    s.cache()->selectPage(2);
+    QVERIFY(s.step());
+    QCOMPARE(r->memoryPage, 2);
+    QCOMPARE(int(r->faders[5].pageLoaded), 0);
+    QCOMPARE(int(r->faders[4].pageLoaded), 2);
+    QCOMPARE(int(r->channelLevels[0]), 90);
+    s.moveFader(5, 0);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->channelLevels[0]), 0);
+    QCOMPARE(int(r->faders[5].pageLoaded), 2);
+}
+
+void SimulatedConsoleTest::sequenceRunsWithItsTimes_data()
+{
+    // The demo chase on the first sequence fader: channels 1-4, up and down
+    // 0.2 s, wait 0.3 s, looping.
+    QTest::addColumn<int>("elapsed");
+    QTest::addColumn<int>("afterLive");
+    QTest::addColumn<int>("channel1");
+    QTest::addColumn<int>("channel2");
+    QTest::newRow("first step halfway up") << 100 << 1 << 127 << 0;
+    QTest::newRow("first step waiting") << 475 << 1 << 255 << 0;
+    QTest::newRow("second step starts") << 500 << 2 << 255 << 0;
+    QTest::newRow("second step crossing") << 600 << 2 << 128 << 127;
+    QTest::newRow("back to the first step") << 2000 << 1 << 0 << 0;
+}
+
+void SimulatedConsoleTest::sequenceRunsWithItsTimes()
+{
+    QFETCH(int, elapsed);
+    QFETCH(int, afterLive);
+    QFETCH(int, channel1);
+    QFETCH(int, channel2);
+    ConsoleSession s("glowEngine", 0);
+    QVERIFY(s.isLoaded());
+    ConsoleStateRecord* r = s.record();
+    const int sequenceFader = r->faderCount - r->sequenceFaderCount;
+    s.tap(PanelKey::Memories);
+    s.moveFader(sequenceFader, 255);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->playbacks[0].afterLiveStep), 1);
+    QVERIFY(s.step(elapsed));
+    QCOMPARE(int(r->playbacks[0].afterLiveStep), afterLive);
+    QCOMPARE(int(r->channelLevels[0]), channel1);
+    QCOMPARE(int(r->channelLevels[1]), channel2);
+
+    s.moveFader(sequenceFader, 0);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->playbacks[0].afterLiveStep), 0);
+    QCOMPARE(int(r->channelLevels[0]), 0);
+}
+
+void SimulatedConsoleTest::independentKeysLatchOrBump()
+{
+    ConsoleSession s("glowEngine", 0);
+    QVERIFY(s.isLoaded());
+    ConsoleStateRecord* r = s.record();
+    // The demo show: "Works" latches at full on 1:51, "Haze" bumps at 128 on 1:52.
+    QCOMPARE(int(r->dmxPatch[50]), r->channelCount + 1);
+    QCOMPARE(int(r->dmxPatch[51]), r->channelCount + 2);
+    s.tap(PanelKey::Independent1);
+    s.press(PanelKey::Independent2);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->dmxOutput[50]), 255);
+    QCOMPARE(int(r->dmxOutput[51]), 128);
+    s.release(PanelKey::Independent2);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->dmxOutput[50]), 255);
+    QCOMPARE(int(r->dmxOutput[51]), 0);
+    s.tap(PanelKey::Independent1);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->dmxOutput[50]), 0);
+}
+
+void SimulatedConsoleTest::displayAndLedsFollowTheMode()
+{
+    ConsoleSession s("glowEngine", 0);
+    QVERIFY(s.isLoaded());
+    ConsoleStateRecord* r = s.record();
+    auto line = [r](int display, int row) {
+        return QByteArray(reinterpret_cast<const char*>(r->lcdDisplays[display][row]), 20);
+    };
+    QCOMPARE(line(0, 0), QByteArray("CH 1-24 PAGE 01     "));
+    QList<int> displays;
+    QObject receiver;
+    connect(s.console(), &Console::displayUpdated, &receiver, [&](int d) { displays.append(d); });
+
+    s.tap(PanelKey::Memories);
+    s.tap(PanelKey::NextPage);
+    s.tap(PanelKey::NextPage);
+    QVERIFY(s.step());
+    QCOMPARE(line(0, 0), QByteArray("MEMS    PAGE 03     "));
+    QVERIFY(displays.contains(0));
+    // Mode key lit steady (yellow, stored red, blue, green), the bank key dark.
+    const LedRecord& mems = r->leds[PanelKey::Memories];
+    QCOMPARE(QByteArray(reinterpret_cast<const char*>(mems.on), 3), QByteArray("\xff\x00\xc8", 3));
+    QCOMPARE(QByteArray(reinterpret_cast<const char*>(mems.off), 3), QByteArray("\xff\x00\xc8", 3));
+    QCOMPARE(int(r->leds[PanelKey::BankLow].on[0]), 0);
+
+    s.tap(PanelKey::BankHigh);
+    s.tap(PanelKey::Go);
+    QVERIFY(s.step());
+    QCOMPARE(line(0, 0), QByteArray("CH 25-48PAGE 03     "));
+    QVERIFY(line(0, 1).startsWith("CUE 1.0>2.0"));
+    // A key the console does not act on lights while held.
+    s.press(PanelKey::Undo);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->leds[PanelKey::Undo].on[0]), 255);
+    s.release(PanelKey::Undo);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->leds[PanelKey::Undo].on[0]), 0);
 }
 
 QTEST_GUILESS_MAIN(SimulatedConsoleTest)
