@@ -115,9 +115,8 @@ bool CITPAgent::hasSessionTo(const CITP::PeerInfo& peer) const
 bool CITPAgent::mayAttempt(const CITP::PeerInfo& peer)
 {
     const qint64 now = m_clock.elapsed();
-    m_attempts.removeIf([&](const Attempt& attempt) {
-        return now - attempt.at >= reconnectIntervalMs;
-    });
+    m_attempts.removeIf(
+        [&](const Attempt& attempt) { return now - attempt.at >= reconnectIntervalMs; });
     const bool recent = std::any_of(m_attempts.cbegin(), m_attempts.cend(),
                                     [&](const Attempt& attempt) { return attempt.peer == peer; });
     if (recent)

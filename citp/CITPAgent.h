@@ -35,7 +35,11 @@ public:
 
     // The peer-side state a session carries; the newest of each replaces an
     // unsent older one.
-    enum StateKey : int { FirstUniverseKey = 0, SelectionKey = universes };
+    enum StateKey : int
+    {
+        FirstUniverseKey = 0,
+        SelectionKey = universes
+    };
 
     // Starts listening for peers; false when an agent runs already (the
     // program then goes on without CITP). Tests pass their own ports.

@@ -89,8 +89,8 @@ QList<QNetworkInterface> Manager::membershipInterfaces() const
     if (!m_settings.multicastInterfaces.isEmpty())
         return m_settings.multicastInterfaces;
     QList<QNetworkInterface> result;
-    const auto wanted = QNetworkInterface::IsUp | QNetworkInterface::IsRunning |
-                        QNetworkInterface::CanMulticast;
+    const auto wanted =
+        QNetworkInterface::IsUp | QNetworkInterface::IsRunning | QNetworkInterface::CanMulticast;
     for (const QNetworkInterface& candidate : QNetworkInterface::allInterfaces()) {
         if ((candidate.flags() & wanted) != wanted)
             continue;

@@ -24,8 +24,8 @@ class Manager : public QObject
     Q_OBJECT
 
 public:
-    static constexpr quint16 locationPort = 4809;      // PINF/PLoc, multicast
-    static constexpr quint16 namePort = 4810;          // PINF/PNam
+    static constexpr quint16 locationPort = 4809;       // PINF/PLoc, multicast
+    static constexpr quint16 namePort = 4810;           // PINF/PNam
     static constexpr quint16 assumedSessionPort = 4811; // for peers known only by PNam
     static constexpr int silenceMs = 3000;
     static constexpr int purgeIntervalMs = 1000;
@@ -94,7 +94,12 @@ private:
     void joinGroups();
     QList<QNetworkInterface> membershipInterfaces() const;
     void receive(QUdpSocket& socket, bool location);
-    enum class Remembered { Added, Refreshed, Ignored };
+    enum class Remembered
+    {
+        Added,
+        Refreshed,
+        Ignored
+    };
     Remembered remember(const PeerInfo& peer);
     bool purge();
     QDateTime now() const;

@@ -83,8 +83,7 @@ void Session::writeNow(const QByteArray& bytes)
 
 void Session::socketBytesWritten()
 {
-    while (!m_heldState.empty() && bytesToWrite() < maxQueuedBytes &&
-           state() == ConnectedState) {
+    while (!m_heldState.empty() && bytesToWrite() < maxQueuedBytes && state() == ConnectedState) {
         const QByteArray bytes = std::move(m_heldState.begin()->second);
         m_heldState.erase(m_heldState.begin());
         writeNow(bytes);

@@ -18,7 +18,8 @@ public:
     // broken or hostile peer, and so does one that claims less than a header.
     static constexpr quint32 maxMessageSize = 256 * 1024;
 
-    enum class Status {
+    enum class Status
+    {
         NeedMoreBytes, // nothing complete yet: wait for the next read
         MessageReady,  // a message was taken out of the stream
         BadSize,       // the header's size cannot be honoured: close the stream

@@ -264,7 +264,10 @@ void BM_OutputsUpdated16Peers(benchmark::State& state)
     state.counters["last_peer_median_us"] = percentile(arrived, 0.5);
     state.counters["last_peer_p99_us"] = percentile(arrived, 0.99);
 }
-BENCHMARK(BM_OutputsUpdated16Peers)->UseManualTime()->Iterations(5000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_OutputsUpdated16Peers)
+    ->UseManualTime()
+    ->Iterations(5000)
+    ->Unit(benchmark::kMicrosecond);
 
 void BM_CpuShareAt44ChangesPerSecond(benchmark::State& state)
 {

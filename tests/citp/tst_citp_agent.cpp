@@ -379,8 +379,8 @@ void TestCitpAgent::channelBlockIn_data()
 
     QTest::newRow("universe 1, channel 10, three levels")
         << "chbk 1 10 5,6,255" << QList<int>{522, 5, 523, 6, 524, 255};
-    QTest::newRow("universe 0 from the first channel") << "chbk 0 0 0,128"
-                                                       << QList<int>{0, 0, 1, 128};
+    QTest::newRow("universe 0 from the first channel")
+        << "chbk 0 0 0,128" << QList<int>{0, 0, 1, 128};
     QTest::newRow("levels past address 1023 are dropped")
         << "chbk 1 510 1,2,3,4" << QList<int>{1022, 1, 1023, 2};
     QTest::newRow("a third universe is dropped") << "chbk 2 0 9" << QList<int>{};

@@ -54,22 +54,22 @@ void TestCitpBlowfish::publishedVectors_data()
     QTest::addColumn<QByteArray>("cipher");
 
     // Eric Young's ECB vectors.
-    QTest::newRow("zero key, zero block") << hex("0000000000000000") << hex("0000000000000000")
-                                          << hex("4EF997456198DD78");
+    QTest::newRow("zero key, zero block")
+        << hex("0000000000000000") << hex("0000000000000000") << hex("4EF997456198DD78");
     QTest::newRow("all ones") << hex("FFFFFFFFFFFFFFFF") << hex("FFFFFFFFFFFFFFFF")
                               << hex("51866FD5B85ECB8A");
-    QTest::newRow("3000.. / 1000..01") << hex("3000000000000000") << hex("1000000000000001")
-                                       << hex("7D856F9A613063F2");
+    QTest::newRow("3000.. / 1000..01")
+        << hex("3000000000000000") << hex("1000000000000001") << hex("7D856F9A613063F2");
     QTest::newRow("1111..") << hex("1111111111111111") << hex("1111111111111111")
                             << hex("2466DD878B963C9D");
-    QTest::newRow("0123456789ABCDEF / 1111..") << hex("0123456789ABCDEF") << hex("1111111111111111")
-                                               << hex("61F9C3802281B096");
-    QTest::newRow("1111.. / 0123456789ABCDEF") << hex("1111111111111111") << hex("0123456789ABCDEF")
-                                               << hex("7D0CC630AFDA1EC7");
-    QTest::newRow("FEDCBA9876543210") << hex("FEDCBA9876543210") << hex("0123456789ABCDEF")
-                                      << hex("0ACEAB0FC6A0A28D");
-    QTest::newRow("7CA110454A1A6E57") << hex("7CA110454A1A6E57") << hex("01A1D6D039776742")
-                                      << hex("59C68245EB05282B");
+    QTest::newRow("0123456789ABCDEF / 1111..")
+        << hex("0123456789ABCDEF") << hex("1111111111111111") << hex("61F9C3802281B096");
+    QTest::newRow("1111.. / 0123456789ABCDEF")
+        << hex("1111111111111111") << hex("0123456789ABCDEF") << hex("7D0CC630AFDA1EC7");
+    QTest::newRow("FEDCBA9876543210")
+        << hex("FEDCBA9876543210") << hex("0123456789ABCDEF") << hex("0ACEAB0FC6A0A28D");
+    QTest::newRow("7CA110454A1A6E57")
+        << hex("7CA110454A1A6E57") << hex("01A1D6D039776742") << hex("59C68245EB05282B");
     // libgcrypt's own test of a 448-bit (56-byte) key.
     QTest::newRow("56-byte key")
         << hex("F0E1D2C3B4A5968778695A4B3C2D1E0F 0011223344556677 04689104C2FD3B2F"
@@ -102,8 +102,8 @@ void TestCitpBlowfish::littleEndianHalves_data()
         << hex("0000000000000000") << hex("0000000000000000") << hex("4597F94E78DD9861");
     QTest::newRow("0123456789ABCDEF / 1111..")
         << hex("0123456789ABCDEF") << hex("1111111111111111") << hex("80C3F96196B08122");
-    QTest::newRow("FEDCBA9876543210") << hex("FEDCBA9876543210") << hex("67452301EFCDAB89")
-                                      << hex("0FABCE0A8DA2A0C6");
+    QTest::newRow("FEDCBA9876543210")
+        << hex("FEDCBA9876543210") << hex("67452301EFCDAB89") << hex("0FABCE0A8DA2A0C6");
 }
 
 void TestCitpBlowfish::littleEndianHalves()

@@ -66,7 +66,8 @@ void TestCitpMessage::builtBytes_data()
 
     Message m;
     m.initPNam(QString());
-    QTest::newRow("PNam with an empty name is 25 bytes") << m << header("PINF", 5) + hex("504e616d 00");
+    QTest::newRow("PNam with an empty name is 25 bytes")
+        << m << header("PINF", 5) + hex("504e616d 00");
 
     m.initPNam(QStringLiteral("Lumidesk"));
     QTest::newRow("PNam Lumidesk")
@@ -104,13 +105,15 @@ void TestCitpMessage::builtBytes_data()
     selection.complete = false;
     selection.deviceIds = {7};
     m.initSele(selection);
-    QTest::newRow("Sele adding one device") << m << header("FSEL", 10) + hex("53656c65 00 00 0100 0700");
+    QTest::newRow("Sele adding one device")
+        << m << header("FSEL", 10) + hex("53656c65 00 00 0100 0700");
 
     m.initDeSe({});
     QTest::newRow("DeSe of every device") << m << header("FSEL", 6) + hex("44655365 0000");
 
     m.initDeSe({24, 1});
-    QTest::newRow("DeSe of two devices") << m << header("FSEL", 10) + hex("44655365 0200 1800 0100");
+    QTest::newRow("DeSe of two devices")
+        << m << header("FSEL", 10) + hex("44655365 0200 1800 0100");
 
     m.init(QString::fromUtf8("P\u0100NF"), QByteArray());
     QTest::newRow("a code character above 255 is written as 0")
@@ -220,7 +223,8 @@ void TestCitpMessage::parseChBk_data()
 
     QTest::newRow("three levels for universe 1 from channel 10")
         << hex("4368426b 00 01 0a00 0300 0a0b0c") << false << 1 << 10 << hex("0a0b0c");
-    QTest::newRow("blind flag") << hex("4368426b 07 00 0000 0100 ff") << true << 0 << 0 << hex("ff");
+    QTest::newRow("blind flag") << hex("4368426b 07 00 0000 0100 ff") << true << 0 << 0
+                                << hex("ff");
     QTest::newRow("count cut short by the payload")
         << hex("4368426b 00 00 0000 0500 0102") << false << 0 << 0 << hex("0102");
     QTest::newRow("shorter than 10 bytes: nothing")
@@ -253,12 +257,12 @@ void TestCitpMessage::parseSelections_data()
     QTest::addColumn<bool>("complete");
     QTest::addColumn<QList<quint16>>("ids");
 
-    QTest::newRow("Sele complete 3, 5") << hex("53656c65 01 00 0200 0300 0500") << true
-                                        << QList<quint16>{3, 5};
+    QTest::newRow("Sele complete 3, 5")
+        << hex("53656c65 01 00 0200 0300 0500") << true << QList<quint16>{3, 5};
     QTest::newRow("Sele count 3 with room for two")
         << hex("53656c65 00 00 0300 0100 0200 03") << false << QList<quint16>{1, 2};
-    QTest::newRow("Sele shorter than 8 bytes") << hex("53656c65 01 00 01") << false
-                                               << QList<quint16>{};
+    QTest::newRow("Sele shorter than 8 bytes")
+        << hex("53656c65 01 00 01") << false << QList<quint16>{};
     QTest::newRow("DeSe count 0") << hex("44655365 0000") << false << QList<quint16>{};
     QTest::newRow("DeSe two") << hex("44655365 0200 1800 0700") << false << QList<quint16>{24, 7};
     QTest::newRow("DeSe count 2 with room for one")
@@ -291,15 +295,19 @@ void TestCitpMessage::parsePLoc_data()
 
     QTest::newRow("full location")
         << hex("504c6f63 2b13") + QByteArray("Visualizer\0Studio\0Running\0", 26) << 4907
-        << "Visualizer" << "Studio" << "Running";
-    QTest::newRow("three empty texts") << hex("504c6f63 cb12 000000") << 4811 << QString()
-                                       << QString() << QString();
+        << "Visualizer"
+        << "Studio"
+        << "Running";
+    QTest::newRow("three empty texts")
+        << hex("504c6f63 cb12 000000") << 4811 << QString() << QString() << QString();
     QTest::newRow("state without NUL ends at the payload's end")
-        << hex("504c6f63 0100") + QByteArray("T\0N\0Sta", 7) << 1 << "T" << "N" << "Sta";
+        << hex("504c6f63 0100") + QByteArray("T\0N\0Sta", 7) << 1 << "T"
+        << "N"
+        << "Sta";
     QTest::newRow("name and state beyond the end are empty")
         << hex("504c6f63 0200") + QByteArray("Type", 4) << 2 << "Type" << QString() << QString();
-    QTest::newRow("shorter than 9 bytes") << hex("504c6f63 0100 00") << 0 << QString() << QString()
-                                          << QString();
+    QTest::newRow("shorter than 9 bytes")
+        << hex("504c6f63 0100 00") << 0 << QString() << QString() << QString();
 }
 
 void TestCitpMessage::parsePLoc()

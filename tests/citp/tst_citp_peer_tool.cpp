@@ -27,14 +27,14 @@ void TestCitpPeerTool::badCommandLine_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("message");
-    QTest::newRow("unknown announcement") << QStringList{"--announce", "tcp"}
-                                          << "--announce takes ploc, pnam or both";
-    QTest::newRow("port out of range") << QStringList{"--ploc-port", "70000"}
-                                       << "--ploc-port needs a port number (0-65535)";
-    QTest::newRow("address that is not one") << QStringList{"--to", "stage-left"}
-                                             << "--to needs an IPv4 address, not \"stage-left\"";
-    QTest::newRow("negative interval") << QStringList{"--interval", "-5"}
-                                       << "--interval needs a number of milliseconds";
+    QTest::newRow("unknown announcement")
+        << QStringList{"--announce", "tcp"} << "--announce takes ploc, pnam or both";
+    QTest::newRow("port out of range")
+        << QStringList{"--ploc-port", "70000"} << "--ploc-port needs a port number (0-65535)";
+    QTest::newRow("address that is not one")
+        << QStringList{"--to", "stage-left"} << "--to needs an IPv4 address, not \"stage-left\"";
+    QTest::newRow("negative interval")
+        << QStringList{"--interval", "-5"} << "--interval needs a number of milliseconds";
 }
 
 void TestCitpPeerTool::badCommandLine()
@@ -55,11 +55,17 @@ void TestCitpPeerTool::commands_data()
     QTest::addColumn<QString>("error");
     QTest::newRow("level above 255") << "chbk 0 0 1,256"
                                      << "usage: chbk UNIVERSE FIRST LEVEL,LEVEL,... (levels 0-255)";
-    QTest::newRow("chbk without levels") << "chbk 0 0" << "usage: chbk UNIVERSE FIRST LEVEL,LEVEL,... (levels 0-255)";
-    QTest::newRow("sele with a stray word") << "sele some 1" << "usage: sele [add] ID,ID,...";
-    QTest::newRow("dese with text") << "dese all" << "usage: dese [ID,ID,...]";
-    QTest::newRow("unknown command") << "blackout" << "unknown command \"blackout\" (chbk, sele or dese)";
-    QTest::newRow("valid, but nobody to send to") << "sele 1,2" << "no session open yet";
+    QTest::newRow("chbk without levels")
+        << "chbk 0 0"
+        << "usage: chbk UNIVERSE FIRST LEVEL,LEVEL,... (levels 0-255)";
+    QTest::newRow("sele with a stray word") << "sele some 1"
+                                            << "usage: sele [add] ID,ID,...";
+    QTest::newRow("dese with text") << "dese all"
+                                    << "usage: dese [ID,ID,...]";
+    QTest::newRow("unknown command") << "blackout"
+                                     << "unknown command \"blackout\" (chbk, sele or dese)";
+    QTest::newRow("valid, but nobody to send to") << "sele 1,2"
+                                                  << "no session open yet";
 }
 
 void TestCitpPeerTool::commands()
@@ -109,10 +115,9 @@ void TestCitpPeerTool::againstTheAgent()
         10000);
     QVERIFY(lines.at(0).startsWith("listening on TCP port "));
     QVERIFY(lines.at(1).startsWith("session opened by 127.0.0.1:"));
-    QCOMPARE(lines.mid(2, 4), (QStringList{"PINF/PNam name=\"Lumidesk\"",
-                                           "SDMX/EnId identifier=\"Lumidesk\"",
-                                           "SDMX/UNam universe=0 name=\"1\"",
-                                           "SDMX/UNam universe=1 name=\"2\""}));
+    QCOMPARE(lines.mid(2, 4),
+             (QStringList{"PINF/PNam name=\"Lumidesk\"", "SDMX/EnId identifier=\"Lumidesk\"",
+                          "SDMX/UNam universe=0 name=\"1\"", "SDMX/UNam universe=1 name=\"2\""}));
     for (int universe = 0; universe < 2; ++universe) {
         const QByteArray levels(
             reinterpret_cast<const char*>(engine.record()->dmxOutput) + universe * 512, 512);

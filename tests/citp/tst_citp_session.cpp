@@ -31,10 +31,10 @@ public:
     void connected(Session*) override { events.append(QStringLiteral("connected")); }
     void messageReceived(Session*, const Message& message) override
     {
-        events.append(message.pinfType() == QLatin1String("PNam")
-                          ? message.parsePNam()
-                          : QStringLiteral("%1+%2").arg(message.layerType()).arg(
-                                message.payload().size()));
+        events.append(
+            message.pinfType() == QLatin1String("PNam")
+                ? message.parsePNam()
+                : QStringLiteral("%1+%2").arg(message.layerType()).arg(message.payload().size()));
         QMetaObject::invokeMethod(
             QCoreApplication::instance(), [this] { events.append(QStringLiteral("tick")); },
             Qt::QueuedConnection);
@@ -190,8 +190,7 @@ void TestCitpSession::peerClosingEndsTheSession()
     m_peer->write(pnam(QStringLiteral("last words")));
     m_peer->disconnectFromHost();
     QTRY_VERIFY(!m_session);
-    QCOMPARE(m_recorder.events,
-             (QStringList{"connected", "last words", "tick", "disconnected"}));
+    QCOMPARE(m_recorder.events, (QStringList{"connected", "last words", "tick", "disconnected"}));
     QCOMPARE(Manager::instance()->sessionCount(), 0);
 }
 

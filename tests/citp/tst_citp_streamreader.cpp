@@ -41,8 +41,9 @@ QString feed(const QList<QByteArray>& reads)
                 return perRead.join('|') + (perRead.isEmpty() ? "" : "|") + "closed";
             names.append(message.pinfType() == QLatin1String("PNam")
                              ? message.parsePNam()
-                             : QStringLiteral("<%1:%2>").arg(message.layerType()).arg(
-                                   message.payload().size()));
+                             : QStringLiteral("<%1:%2>")
+                                   .arg(message.layerType())
+                                   .arg(message.payload().size()));
         }
         perRead.append(names.join(','));
     }

@@ -66,7 +66,8 @@ bool CitpPeer::start(QString* error)
         const QNetworkInterface interface =
             QNetworkInterface::interfaceFromName(m_options.multicastInterface);
         if (!interface.isValid()) {
-            *error = QStringLiteral("no network interface named %1").arg(m_options.multicastInterface);
+            *error =
+                QStringLiteral("no network interface named %1").arg(m_options.multicastInterface);
             return false;
         }
         m_announcer.setMulticastInterface(interface);
@@ -114,8 +115,7 @@ void CitpPeer::announce()
     if (m_options.announceName) {
         CITP::Message message;
         message.initPNam(m_options.name);
-        m_announcer.writeDatagram(message.toByteArray(), m_options.nameAddress,
-                                  m_options.namePort);
+        m_announcer.writeDatagram(message.toByteArray(), m_options.nameAddress, m_options.namePort);
     }
 }
 
@@ -188,9 +188,9 @@ bool CitpPeer::sendCommand(const QString& command, QString* error)
         bool firstOk = false;
         const int universe = words.value(1).toInt(&universeOk);
         const int first = words.value(2).toInt(&firstOk);
-        if (words.size() != 4 || !universeOk || !firstOk || universe < 0 || universe > 255 || first < 0 ||
-            first > 65535 || !parseNumbers(words[3], 255, numbers) || numbers.isEmpty() ||
-            numbers.size() > CITP::Message::levelsPerUniverse) {
+        if (words.size() != 4 || !universeOk || !firstOk || universe < 0 || universe > 255 ||
+            first < 0 || first > 65535 || !parseNumbers(words[3], 255, numbers) ||
+            numbers.isEmpty() || numbers.size() > CITP::Message::levelsPerUniverse) {
             *error = QStringLiteral("usage: chbk UNIVERSE FIRST LEVEL,LEVEL,... (levels 0-255)");
             return false;
         }
