@@ -4,6 +4,7 @@
 #include "IconKit.h"
 #include "ImageCatalogue.h"
 
+#include <QFontMetricsF>
 #include <QLinearGradient>
 #include <QRadialGradient>
 #include <QtMath>
@@ -144,8 +145,8 @@ void addParameterIcons(ImageCatalogue& c)
         p.drawEllipse(QPointF(8.5, 10.8), 4.6, 4.6);
     });
     c.add("ColorEff.png", iconSize, Enc::OverBlack, [](QPainter& p, const QSizeF&) {
-        colourWheel(p, QPointF(8, 8), 4.6, 6, 0);
-        arcArrow(p, QPointF(8, 8), 6.8, 120, -250, ink(), 1.1, 3);
+        colourWheel(p, QPointF(7.5, 8), 4.4, 6, 0);
+        arcArrow(p, QPointF(7.5, 8), 6.6, 100, -280, amber(), 1.2, 4.5);
     });
     c.add("Shutter.png", iconSize, Enc::OverBlack, [](QPainter& p, const QSizeF&) {
         QPainterPath bolt;
@@ -173,12 +174,10 @@ void addParameterIcons(ImageCatalogue& c)
     c.add("GoboInd.png", iconSize, Enc::OverBlack, [](QPainter& p, const QSizeF&) {
         goboDisc(p, QPointF(7.5, 9), 5.8);
         arrowHead(p, QPointF(7.5, 3.4), 90, 3.2, amber());
-        p.setPen(stroke(amber(), 1.0));
-        p.drawLine(QPointF(13.5, 9), QPointF(16.5, 9));
     });
     c.add("GoboRot.png", iconSize, Enc::OverBlack, [](QPainter& p, const QSizeF&) {
         p.fillPath(star(QPointF(7.5, 8), 4.2, 1.9, 5), ink());
-        arcArrow(p, QPointF(7.5, 8), 6.6, 100, -290, amber(), 1.2, 3);
+        arcArrow(p, QPointF(7.5, 8), 6.6, 100, -280, amber(), 1.2, 4.5);
     });
     c.add("GoboMode.png", iconSize, Enc::OverBlack, [](QPainter& p, const QSizeF&) {
         goboDisc(p, QPointF(6.5, 8), 5.8);
@@ -297,7 +296,7 @@ void addParameterIcons(ImageCatalogue& c)
         p.setBrush(Qt::NoBrush);
         p.drawRect(QRectF(-3.5, -3.5, 7, 7));
         p.restore();
-        arcArrow(p, QPointF(8, 8), 7, 200, -260, amber(), 1.2, 3);
+        arcArrow(p, QPointF(8, 8), 6.8, 200, -260, amber(), 1.2, 4.5);
     });
     for (int m = 1; m <= 3; ++m) {
         c.add(QStringLiteral("Macro%1.png").arg(m), iconSize, Enc::OverBlack,
@@ -487,9 +486,18 @@ void paramLegend(QPainter& p, const QSizeF& s, int spacing, QChar page,
         text(p, QRectF(tag.left(), tag.top() + 1, tag.width(), 11),
              QStringLiteral("%1%2").arg(page).arg(i + 1), QStringLiteral("DejaVu Sans"), 9, true,
              amber());
-        text(p, QRectF(tag.left() - 1, tag.top() + 12, tag.width() + 2, 17),
-             QString::fromLatin1(names[static_cast<std::size_t>(i)]), QStringLiteral("Gillius ADF"),
-             11, true, QColor(232, 232, 232));
+        // The largest size at which the name fits the tag.
+        const QString name = QString::fromLatin1(names[static_cast<std::size_t>(i)]);
+        int size = 11;
+        for (; size > 7; --size) {
+            QFont font(QStringLiteral("Gillius ADF"));
+            font.setPixelSize(size);
+            font.setBold(true);
+            if (QFontMetricsF(font).horizontalAdvance(name) <= tag.width() - 4)
+                break;
+        }
+        text(p, QRectF(tag.left(), tag.top() + 12, tag.width(), 17), name,
+             QStringLiteral("Gillius ADF"), size, true, QColor(232, 232, 232));
     }
 }
 
@@ -499,7 +507,7 @@ void addFaderLegends(ImageCatalogue& c)
                                                         "Mod Col", "Gobo 1", "Gobo 2", "Gobo Rot",
                                                         "Zoom", "Edge", "Iris", "Frost"}};
     static constexpr std::array<const char*, 12> pageB{{"Shutter", "Beam 1", "Beam 2", "FX 1",
-                                                        "FX 1 Mod", "FX 2", "FX 2 Mod", "Col Eff",
+                                                        "FX1 Mod", "FX 2", "FX2 Mod", "Col Eff",
                                                         "Rotate", "Macro 1", "Macro 2", "Macro 3"}};
     // Twelve faders 38 wide, 13 apart (normal) or 2 apart (narrow).
     const QSize wide(11 * 13 + 12 * 38 + 2, 36);
