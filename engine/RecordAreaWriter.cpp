@@ -22,6 +22,8 @@ void RecordAreaWriter::reset()
 
 void RecordAreaWriter::writeBytes(quint32 offset, const void* data, quint32 length)
 {
+    if (length == 0)
+        return; // an empty list or text may come without storage
     std::memcpy(reinterpret_cast<char*>(record_) + offset, data, length);
 }
 

@@ -39,7 +39,8 @@ struct LoadedConsole
             std::memset(content.channelLevels, cue ? 255 : 0, size_t(r.channelCount));
             for (int d = 0; d < r.deviceCount; ++d) {
                 for (int parameter : {1, 2}) {
-                    ParameterEntry& entry = content.parameters[d * ContentRecord::parameterCount + parameter];
+                    ParameterEntry& entry =
+                        content.parameters[d * ContentRecord::parameterCount + parameter];
                     entry.flags = ParameterEntry::setBit;
                     entry.value = cue ? 255 : 0;
                 }
@@ -54,7 +55,6 @@ struct LoadedConsole
         }
         r.stackStepCount = 2;
         r.stackMode = 0;
-        startFade();
     }
 
     void startFade()
@@ -71,10 +71,12 @@ void tick(benchmark::State& state, ModelProfile profile)
     QTemporaryDir data; // the simulation keeps its state: not in the user's folder
     qputenv("XDG_DATA_HOME", data.path().toLocal8Bit());
     LoadedConsole console(profile);
+    console.startFade();
     for (auto _ : state) {
         console.simulation.tick(EngineTest::tickMilliseconds);
         benchmark::DoNotOptimize(console.record->dmxOutput[0]);
-        if (console.simulation.player(ConsoleSimulation::stackPlayback).phase() != CuePlayer::Phase::Fading) {
+        if (console.simulation.player(ConsoleSimulation::stackPlayback).phase() !=
+            CuePlayer::Phase::Fading) {
             state.PauseTiming();
             console.startFade();
             state.ResumeTiming();
@@ -89,7 +91,6 @@ void idleTick(benchmark::State& state)
     QTemporaryDir data;
     qputenv("XDG_DATA_HOME", data.path().toLocal8Bit());
     LoadedConsole console(ModelProfile::forVariant(ModelProfile::Generation::GlowPro, 0));
-    console.simulation.releaseStack();
     for (int i = 0; i < 10; ++i)
         console.simulation.tick(EngineTest::tickMilliseconds);
     for (auto _ : state)
@@ -102,7 +103,8 @@ BENCHMARK_CAPTURE(tick, maple_1024_addresses_fading,
     ->Repetitions(10)
     ->ReportAggregatesOnly(true)
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(tick, cedar_512_addresses_fading, ModelProfile::forVariant(ModelProfile::Generation::Glow, 2))
+BENCHMARK_CAPTURE(tick, cedar_512_addresses_fading,
+                  ModelProfile::forVariant(ModelProfile::Generation::Glow, 2))
     ->Repetitions(10)
     ->ReportAggregatesOnly(true)
     ->Unit(benchmark::kMicrosecond);
