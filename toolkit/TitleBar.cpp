@@ -146,35 +146,36 @@ QString TitleBar::consoleIcon(int consoleType)
 TitleBar::TitleBar(QWidget* mainWindow)
     : QGraphicsView(mainWindow), mainWindow(mainWindow), consoleType(currentConsoleType()),
       title(makeFont(QStringLiteral("System"), 14, true)),
-      captureButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      captureButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                     iconPath("TitleBarCaptureButton.png"), iconKey),
-      consoleButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, true,
+      consoleButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, true,
                     consoleIcon(consoleType), iconKey),
-      languageButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, currentLanguage()),
-      helpButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      languageButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle,
+                     currentLanguage()),
+      helpButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                  iconPath("TitleBarHelpButton.png"), iconKey),
-      smButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      smButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                iconPath("TitleBarSMButton.png"), iconKey),
-      msButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      msButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                iconPath("TitleBarMSButton.png"), iconKey),
-      ifcbFxButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      ifcbFxButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                    iconPath("TitleBarIFCBFxButton.png"), iconKey),
-      timeButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      timeButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                  iconPath("TitleBarTimeButton.png"), iconKey),
-      noLinesButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      noLinesButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                     iconPath("TitleBarNoLinesButton.png"), iconKey),
-      oneLineButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      oneLineButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                     iconPath("TitleBarOneLineButton.png"), iconKey),
-      twoLinesButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      twoLinesButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                      iconPath("TitleBarTwoLinesButton.png"), iconKey),
-      threeLinesButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      threeLinesButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                        iconPath("TitleBarThreeLinesButton.png"), iconKey),
-      minimizeButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      minimizeButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                      iconPath("TitleBarMinimizeButton.png"), iconKey),
-      closeButton(nullptr, &scene, this, Button::ButtonStyle::TitleBarStyle, false,
+      closeButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                   iconPath("TitleBarCloseButton.png"), iconKey)
 {
-    setScene(&scene);
+    setScene(&itemScene);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -186,7 +187,7 @@ TitleBar::TitleBar(QWidget* mainWindow)
          {static_cast<QGraphicsItem*>(&logo), static_cast<QGraphicsItem*>(&title),
           static_cast<QGraphicsItem*>(&clock), static_cast<QGraphicsItem*>(&onlineText),
           static_cast<QGraphicsItem*>(&dmxInputIndicator)})
-        scene.addItem(item);
+        itemScene.addItem(item);
 
     clock.setFont(makeFont(gillSans, 12));
     clock.setDefaultTextColor(Qt::white);

@@ -132,7 +132,7 @@ private:
     void helpClicked();
     static QString consoleIcon(int consoleType);
 
-    QGraphicsScene scene;
+    QGraphicsScene itemScene;
     QWidget* mainWindow;
     TitleBarHandler* handler = nullptr;
     QPoint lastMousePosition;
