@@ -41,4 +41,48 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
         <translation>Lumidesk konnte die ausgewählte Konsole nicht laden!</translation>
     </message>
 </context>
+<context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Verbindungsfehler</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Lumidesk beenden</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Showdatei speichern</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Showdateien (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>Die Glowcraft-Konsole muss im Normalmodus laufen, damit sie sich mit Lumidesk verbinden kann.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>Die Softwareversion der Konsole passt nicht zur Softwareversion von Lumidesk.
+Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>Möchten Sie Ihre Daten zuerst speichern?</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Sprache ändern</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>Sie müssen Lumidesk neu starten, damit die Sprachänderung wirksam wird!</translation>
+    </message>
+</context>
 </TS>

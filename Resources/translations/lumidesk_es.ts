@@ -41,4 +41,48 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
         <translation>¡Lumidesk no ha podido cargar la consola seleccionada!</translation>
     </message>
 </context>
+<context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Error de conexión</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Salir de Lumidesk</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Guardar archivo de espectáculo</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Archivos de espectáculo (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>La consola Glowcraft debe funcionar en modo Normal para poder conectarse a Lumidesk.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La versión del software de la consola no coincide con la versión del software de Lumidesk.
+Actualice uno o ambos lados a versiones que coincidan.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>¿Desea guardar primero sus datos?</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Cambiar idioma</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>¡Debe reiniciar Lumidesk para que el cambio de idioma surta efecto!</translation>
+    </message>
+</context>
 </TS>

@@ -41,4 +41,48 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
         <translation>Lumidesk non è riuscito a caricare la console selezionata!</translation>
     </message>
 </context>
+<context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Errore di connessione</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Esci da Lumidesk</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Salva file dello spettacolo</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>File dello spettacolo (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>La console Glowcraft deve funzionare in modalità Normale per potersi collegare a Lumidesk.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La versione del software della console non corrisponde alla versione del software di Lumidesk.
+Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>Desidera salvare prima i dati?</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Cambia lingua</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>È necessario riavviare Lumidesk perché il cambio di lingua abbia effetto!</translation>
+    </message>
+</context>
 </TS>
