@@ -72,6 +72,8 @@ private slots:
     void sequenceRunsWithItsTimes();
     void independentKeysLatchOrBump();
     void displayAndLedsFollowTheMode();
+    void stackFollowsOnAndPauses();
+    void crossfaderPairRunsTheStackByHand();
 
 private:
     QTemporaryDir files_;
@@ -644,6 +646,66 @@ void SimulatedConsoleTest::displayAndLedsFollowTheMode()
     s.release(PanelKey::Undo);
     QVERIFY(s.step());
     QCOMPARE(int(r->leds[PanelKey::Undo].on[0]), 0);
+}
+
+void SimulatedConsoleTest::stackFollowsOnAndPauses()
+{
+    // The demo stack: cue 4 (3 s fades) goes on to cue 5 two seconds later.
+    ConsoleSession s("glowEngine", 1);
+    QVERIFY(s.isLoaded());
+    ConsoleStateRecord* r = s.record();
+    const PlaybackRecord& stack = r->playbacks[stackPlayback];
+    for (int i = 0; i < 3; ++i)
+        s.tap(PanelKey::Next);
+    QVERIFY(s.step());
+    QCOMPARE(int(stack.nextStep), 3);
+    s.tap(PanelKey::Go);
+    QVERIFY(s.step(3000));
+    QCOMPARE(int(stack.afterLiveStep), 4);
+    QCOMPARE(int(stack.upProgress), 255);
+    QCOMPARE(int(stack.remainingWait), 20);
+    QVERIFY(s.step(1000));
+    QCOMPARE(int(stack.remainingWait), 10);
+    QVERIFY(s.step(1000));
+    QCOMPARE(int(stack.afterLiveStep), 5);
+    QCOMPARE(int(stack.remainingDown), 30);
+
+    // Paused, the fade stands still; GO carries on.
+    QVERIFY(s.step(500));
+    const int level = r->channelLevels[0];
+    s.tap(PanelKey::Pause);
+    QVERIFY(s.step(1000));
+    QCOMPARE(int(r->channelLevels[0]), level);
+    QCOMPARE(int(stack.remainingDown), 25);
+    QVERIFY(QByteArray(reinterpret_cast<const char*>(r->lcdDisplays[0][1]), 20).contains("PAUSE"));
+    s.tap(PanelKey::Go);
+    QVERIFY(s.step(500));
+    QCOMPARE(int(stack.remainingDown), 20);
+    QVERIFY(int(r->channelLevels[0]) < level);
+}
+
+void SimulatedConsoleTest::crossfaderPairRunsTheStackByHand()
+{
+    ConsoleSession s("glowEngine", 0);
+    QVERIFY(s.isLoaded());
+    ConsoleStateRecord* r = s.record();
+    // The demo's first cue brings channel 1 to 80 with 3 s fades.
+    s.moveFader(PanelKey::CrossfaderA, 128);
+    s.moveFader(PanelKey::CrossfaderB, 200);
+    QVERIFY(s.step(1000)); // the clock does not move a fade held by hand
+    QCOMPARE(int(r->playbacks[stackPlayback].afterLiveStep), 1);
+    QCOMPARE(int(r->channelLevels[0]), 40);
+    s.moveFader(PanelKey::CrossfaderA, 255);
+    s.moveFader(PanelKey::CrossfaderB, 255);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->channelLevels[0]), 80);
+    QCOMPARE(int(r->playbacks[stackPlayback].upProgress), 255);
+    // Back down runs the next cue (200).
+    s.moveFader(PanelKey::CrossfaderA, 0);
+    s.moveFader(PanelKey::CrossfaderB, 0);
+    QVERIFY(s.step());
+    QCOMPARE(int(r->playbacks[stackPlayback].afterLiveStep), 2);
+    QCOMPARE(int(r->channelLevels[0]), 200);
 }
 
 QTEST_GUILESS_MAIN(SimulatedConsoleTest)
