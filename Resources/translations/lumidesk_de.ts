@@ -85,4 +85,145 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
         <translation>Sie müssen Lumidesk neu starten, damit die Sprachänderung wirksam wird!</translation>
     </message>
 </context>
+<context>
+    <name>GMButtonRow</name>
+    <message>
+        <source>IND 1</source>
+        <translation>IND 1</translation>
+    </message>
+    <message>
+        <source>IND 2</source>
+        <translation>IND 2</translation>
+    </message>
+    <message>
+        <source>BLACK OUT</source>
+        <translation>BLACK OUT</translation>
+    </message>
+    <message>
+        <source>SOLO</source>
+        <translation>SOLO</translation>
+    </message>
+    <message>
+        <source>MEMS</source>
+        <translation>SPEICH</translation>
+    </message>
+    <message>
+        <source>25-48</source>
+        <translation>25-48</translation>
+    </message>
+    <message>
+        <source>1-24</source>
+        <translation>1-24</translation>
+    </message>
+    <message>
+        <source>49-96</source>
+        <translation>49-96</translation>
+    </message>
+    <message>
+        <source>1-48</source>
+        <translation>1-48</translation>
+    </message>
+    <message>
+        <source>GM</source>
+        <translation>GM</translation>
+    </message>
+    <message>
+        <source>BUMPS</source>
+        <translation>FLASH</translation>
+    </message>
+    <message>
+        <source>PAGE</source>
+        <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>MLButtonRow</name>
+    <message>
+        <source>FOCUS</source>
+        <translation>FOKUS</translation>
+    </message>
+    <message>
+        <source>COLOR</source>
+        <translation>FARBE</translation>
+    </message>
+    <message>
+        <source>BEAM</source>
+        <translation>STRAHL</translation>
+    </message>
+    <message>
+        <source>GROUP</source>
+        <translation>GRUPPE</translation>
+    </message>
+    <message>
+        <source>DEV SEL</source>
+        <translation>GER WAHL</translation>
+    </message>
+    <message>
+        <source>EFFECT</source>
+        <translation>EFFEKT</translation>
+    </message>
+    <message>
+        <source>HIGH LIGHT</source>
+        <translation>HIGH LIGHT</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEVICE</source>
+        <translation>INT GERÄT</translation>
+    </message>
+    <message>
+        <source>PARAM 1</source>
+        <translation>PARAM 1</translation>
+    </message>
+    <message>
+        <source>PARAM 2</source>
+        <translation>PARAM 2</translation>
+    </message>
+    <message>
+        <source>MEMS</source>
+        <translation>SPEICH</translation>
+    </message>
+    <message>
+        <source>INT ONLY</source>
+        <translation>NUR INT</translation>
+    </message>
+    <message>
+        <source>GO MODE</source>
+        <translation>GO MODUS</translation>
+    </message>
+    <message>
+        <source>SELECT MODE</source>
+        <translation>AUSWAHLMODUS</translation>
+    </message>
+    <message>
+        <source>FADER MODE</source>
+        <translation>FADERMODUS</translation>
+    </message>
+    <message>
+        <source>MEMS MODE</source>
+        <translation>SPEICHERMODUS</translation>
+    </message>
+    <message>
+        <source>PAGE</source>
+        <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>PagesBlock</name>
+    <message>
+        <source>FADER</source>
+        <translation>FADER</translation>
+    </message>
+    <message>
+        <source>PAGE</source>
+        <translation>SEITE</translation>
+    </message>
+</context>
 </TS>

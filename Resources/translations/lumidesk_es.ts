@@ -85,4 +85,145 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
         <translation>¡Debe reiniciar Lumidesk para que el cambio de idioma surta efecto!</translation>
     </message>
 </context>
+<context>
+    <name>GMButtonRow</name>
+    <message>
+        <source>IND 1</source>
+        <translation>IND 1</translation>
+    </message>
+    <message>
+        <source>IND 2</source>
+        <translation>IND 2</translation>
+    </message>
+    <message>
+        <source>BLACK OUT</source>
+        <translation>BLACK OUT</translation>
+    </message>
+    <message>
+        <source>SOLO</source>
+        <translation>SOLO</translation>
+    </message>
+    <message>
+        <source>MEMS</source>
+        <translation>MEMS</translation>
+    </message>
+    <message>
+        <source>25-48</source>
+        <translation>25-48</translation>
+    </message>
+    <message>
+        <source>1-24</source>
+        <translation>1-24</translation>
+    </message>
+    <message>
+        <source>49-96</source>
+        <translation>49-96</translation>
+    </message>
+    <message>
+        <source>1-48</source>
+        <translation>1-48</translation>
+    </message>
+    <message>
+        <source>GM</source>
+        <translation>GM</translation>
+    </message>
+    <message>
+        <source>BUMPS</source>
+        <translation>FLASHES</translation>
+    </message>
+    <message>
+        <source>PAGE</source>
+        <translation>PÁGINA</translation>
+    </message>
+</context>
+<context>
+    <name>MLButtonRow</name>
+    <message>
+        <source>FOCUS</source>
+        <translation>FOCO</translation>
+    </message>
+    <message>
+        <source>COLOR</source>
+        <translation>COLOR</translation>
+    </message>
+    <message>
+        <source>BEAM</source>
+        <translation>HAZ</translation>
+    </message>
+    <message>
+        <source>GROUP</source>
+        <translation>GRUPO</translation>
+    </message>
+    <message>
+        <source>DEV SEL</source>
+        <translation>SEL DISP</translation>
+    </message>
+    <message>
+        <source>EFFECT</source>
+        <translation>EFECTO</translation>
+    </message>
+    <message>
+        <source>HIGH LIGHT</source>
+        <translation>HIGH LIGHT</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEVICE</source>
+        <translation>INT DISP</translation>
+    </message>
+    <message>
+        <source>PARAM 1</source>
+        <translation>PARAM 1</translation>
+    </message>
+    <message>
+        <source>PARAM 2</source>
+        <translation>PARAM 2</translation>
+    </message>
+    <message>
+        <source>MEMS</source>
+        <translation>MEMS</translation>
+    </message>
+    <message>
+        <source>INT ONLY</source>
+        <translation>SOLO INT</translation>
+    </message>
+    <message>
+        <source>GO MODE</source>
+        <translation>MODO GO</translation>
+    </message>
+    <message>
+        <source>SELECT MODE</source>
+        <translation>MODO SELECCIÓN</translation>
+    </message>
+    <message>
+        <source>FADER MODE</source>
+        <translation>MODO FADERS</translation>
+    </message>
+    <message>
+        <source>MEMS MODE</source>
+        <translation>MODO MEMS</translation>
+    </message>
+    <message>
+        <source>PAGE</source>
+        <translation>PÁGINA</translation>
+    </message>
+</context>
+<context>
+    <name>PagesBlock</name>
+    <message>
+        <source>FADER</source>
+        <translation>FADER</translation>
+    </message>
+    <message>
+        <source>PAGE</source>
+        <translation>PÁGINA</translation>
+    </message>
+</context>
 </TS>
