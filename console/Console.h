@@ -27,7 +27,7 @@ class Console : public QObject, public IConsoleHandler
     Q_OBJECT
 
 public:
-    enum LoadError
+    enum LoadError : int
     {
         LoadFailed = 0,
         VersionMismatch = 1

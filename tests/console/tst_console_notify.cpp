@@ -100,6 +100,8 @@ private slots:
 private:
     std::unique_ptr<FakeEngine> m_engine;
     Console* m_console = nullptr;
+    // Outlives the console, which deletes the hooks that never ran.
+    HookLog m_log;
 };
 
 void TestConsoleNotify::init()
@@ -107,6 +109,7 @@ void TestConsoleNotify::init()
     m_engine = std::make_unique<FakeEngine>(ConsoleCache::ModelCedar);
     m_console = m_engine->createConsole();
     m_engine->clearUpdates();
+    m_log = HookLog();
 }
 
 void TestConsoleNotify::cleanup()
@@ -179,7 +182,7 @@ void TestConsoleNotify::notificationTable()
     QFETCH(QByteArray, signal);
     QFETCH(QVariantList, arguments);
 
-    HookLog log;
+    HookLog& log = m_log;
     m_console->appendHook(new ProbeHook(&log, code));
     SignalRecorder recorder(m_console);
     m_engine->notify(code, a, b, 9);
@@ -264,7 +267,7 @@ void TestConsoleNotify::systemMessages()
     QFETCH(QByteArray, signal);
     QFETCH(QVariantList, arguments);
 
-    HookLog log;
+    HookLog& log = m_log;
     m_console->appendHook(new ProbeHook(&log, ConsoleCode::System));
     SignalRecorder recorder(m_console);
     m_engine->notify(ConsoleCode::System, subCode, 6, 7);
@@ -443,7 +446,7 @@ void TestConsoleNotify::changeReports()
     QFETCH(QVariantList, arguments);
     QFETCH(bool, runsHooks);
 
-    HookLog log;
+    HookLog& log = m_log;
     m_console->appendHook(new ProbeHook(&log, updates.first().code));
     SignalRecorder recorder(m_console);
     Console* c = m_console;
