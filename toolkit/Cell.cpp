@@ -8,6 +8,8 @@
 #include <QGraphicsSceneEvent>
 #include <QGraphicsView>
 #include <QPainter>
+#include <QPixmap>
+#include <QPixmapCache>
 
 Cell::Cell(CellRow* row, int height) : m_row(row), m_height(height)
 {
@@ -54,7 +56,50 @@ QGraphicsView* Cell::viewForEvent(const QGraphicsScene* scene, const QGraphicsSc
     return nullptr;
 }
 
+namespace {
+
+// Antialiased rounded frames cost tens of microseconds each; a grid shows a
+// handful of distinct ones, so each is drawn once into a pixmap.
+QString frameKey(const QRectF& bounds, const QBrush& brush, const QPen& pen)
+{
+    return QStringLiteral("CellFrame/%1x%2/%3/%4")
+        .arg(bounds.width())
+        .arg(bounds.height())
+        .arg(brush.color().rgba(), 0, 16)
+        .arg(pen.color().rgba(), 0, 16);
+}
+
+bool isWholePixelTranslation(const QTransform& transform)
+{
+    return transform.type() <= QTransform::TxTranslate && transform.dx() == int(transform.dx()) &&
+           transform.dy() == int(transform.dy());
+}
+
+} // namespace
+
 void Cell::paintFrame(QPainter* painter, const QRectF& bounds, const QBrush& brush, const QPen& pen)
+{
+    const bool cacheable = brush.style() == Qt::SolidPattern && pen.style() == Qt::SolidLine &&
+                           pen.widthF() <= 1 && bounds.topLeft() == QPointF(0, 0) &&
+                           isWholePixelTranslation(painter->deviceTransform());
+    if (!cacheable) {
+        drawFrame(painter, bounds, brush, pen);
+        return;
+    }
+    const QString key = frameKey(bounds, brush, pen);
+    QPixmap frame;
+    if (!QPixmapCache::find(key, &frame)) {
+        frame = QPixmap(bounds.size().toSize());
+        frame.fill(Qt::transparent);
+        QPainter framePainter(&frame);
+        drawFrame(&framePainter, bounds, brush, pen);
+        framePainter.end();
+        QPixmapCache::insert(key, frame);
+    }
+    painter->drawPixmap(0, 0, frame);
+}
+
+void Cell::drawFrame(QPainter* painter, const QRectF& bounds, const QBrush& brush, const QPen& pen)
 {
     const QRectF frame = bounds.adjusted(1.7, 2.7, -1.7, -2.7);
     const bool antialiased = painter->testRenderHint(QPainter::Antialiasing);

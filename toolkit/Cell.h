@@ -38,6 +38,9 @@ protected:
                            const QPen& pen);
 
 private:
+    static void drawFrame(QPainter* painter, const QRectF& bounds, const QBrush& brush,
+                          const QPen& pen);
+
     CellRow* m_row;
     int m_height;
 };

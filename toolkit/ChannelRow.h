@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CellRow.h"
+#include "CellText.h"
 
 #include <QFont>
 #include <QString>
@@ -24,4 +25,5 @@ private:
     Console* m_console;
     QString m_title;
     QFont m_font;
+    CellText m_titleText;
 };

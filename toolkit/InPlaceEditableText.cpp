@@ -68,10 +68,10 @@ void InPlaceEditableText::paint(QPainter* painter, const QStyleOptionGraphicsIte
 {
     if (m_editing)
         return;
-    painter->setFont(m_paintFont);
     painter->setPen(m_colour);
-    painter->drawText(QRectF(m_rect.x(), m_rect.y(), m_rect.width(), m_rect.height() + m_paintGrow),
-                      int(m_alignment | Qt::AlignVCenter), m_text);
+    m_paintText.draw(painter,
+                     QRectF(m_rect.x(), m_rect.y(), m_rect.width(), m_rect.height() + m_paintGrow),
+                     m_alignment | Qt::AlignVCenter, m_text, m_paintFont, m_colour);
     if (m_hovered && m_editable) {
         const int y = int(m_rect.y() + m_rect.height() - 2);
         painter->drawLine(int(m_rect.x() + 3), y, int(m_rect.x() + m_rect.width() - 4), y);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "CellText.h"
 #include "InPlaceLineEditHandler.h"
 
 #include <QColor>
@@ -90,4 +91,5 @@ private:
     QPointer<QGraphicsView> m_editView;
     QFont m_paintFont;
     int m_paintGrow = 1;
+    CellText m_paintText;
 };

@@ -122,10 +122,9 @@ void LevelCell::paintLevelCell(QPainter* painter, bool patched, bool blind)
     const QString levelText = text();
     if (levelText == QLatin1String("0"))
         return;
-    painter->setPen(blind ? blindColour : levelColour());
-    painter->setFont(m_levelFont);
-    painter->drawText(QRectF(4, 0, bounds.width() - 8, levelTextHeight),
-                      Qt::AlignRight | Qt::AlignVCenter, levelText);
+    m_levelText.draw(painter, QRectF(4, 0, bounds.width() - 8, levelTextHeight),
+                     Qt::AlignRight | Qt::AlignVCenter, levelText, m_levelFont,
+                     blind ? blindColour : levelColour());
 }
 
 void LevelCell::mousePressEvent(QGraphicsSceneMouseEvent* event)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Cell.h"
+#include "CellText.h"
 #include "InPlaceEditableTextHandler.h"
 #include "InPlaceLineEditHandler.h"
 
@@ -77,6 +78,7 @@ private:
     LegendSource m_source;
     int m_index;
     QFont m_levelFont;
+    CellText m_levelText;
     std::array<InPlaceEditableText*, legendLineCount> m_legendLines{};
     bool m_editing = false;
 };

@@ -26,7 +26,5 @@ void NumberCell::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidg
 {
     const QRectF bounds = boundingRect();
     paintFrame(painter, bounds, QColor(128, 128, 128, 90), QPen(QColor(255, 255, 255, 0)));
-    painter->setPen(Qt::white);
-    painter->setFont(m_font);
-    painter->drawText(bounds, Qt::AlignCenter, shownText());
+    m_text.draw(painter, bounds, Qt::AlignCenter, shownText(), m_font, Qt::white);
 }

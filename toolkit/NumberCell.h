@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Cell.h"
+#include "CellText.h"
 
 #include <QFont>
 #include <QString>
@@ -27,4 +28,5 @@ private:
     int m_number = -1;
     QString m_label;
     QFont m_font;
+    CellText m_text;
 };

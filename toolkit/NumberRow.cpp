@@ -31,9 +31,8 @@ void NumberRow::paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
 {
     paintHeaderSeparator(painter, option, widget);
     if (!m_title.isNull()) {
-        painter->setPen(Qt::white);
-        painter->setFont(m_font);
-        painter->drawText(QRectF(0, 0, table()->headerWidth(), height()), Qt::AlignCenter, m_title);
+        m_titleText.draw(painter, QRectF(0, 0, table()->headerWidth(), height()), Qt::AlignCenter,
+                         m_title, m_font, Qt::white);
         return;
     }
     if (const Resources* images = resources())

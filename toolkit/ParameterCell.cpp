@@ -66,15 +66,15 @@ void ParameterCell::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QW
         return;
     paintDecoration(painter);
     const QRectF bounds = boundingRect();
-    painter->setPen(textColour(m_group));
-    painter->setFont(m_font);
+    const QColor colour = textColour(m_group);
     const QString padded = shown + QLatin1Char(' ');
     if (m_group == focusGroup)
-        painter->drawText(bounds, Qt::AlignCenter, padded);
+        m_text.draw(painter, bounds, Qt::AlignCenter, padded, m_font, colour);
     else
-        painter->drawText(
+        m_text.draw(
+            painter,
             QRectF(bounds.x(), bounds.y(), bounds.width() - decorationWidth, bounds.height()),
-            Qt::AlignRight | Qt::AlignVCenter, padded);
+            Qt::AlignRight | Qt::AlignVCenter, padded, m_font, colour);
 }
 
 void ParameterCell::paintDecoration(QPainter* painter) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Cell.h"
+#include "CellText.h"
 #include "InPlaceLineEditHandler.h"
 
 #include <QFont>
@@ -54,4 +55,5 @@ private:
     bool m_editing = false;
     QPointF m_pressPos;
     QFont m_font;
+    CellText m_text;
 };

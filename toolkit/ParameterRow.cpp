@@ -31,8 +31,6 @@ const Resources* ParameterRow::resources() const
 void ParameterRow::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget)
 {
     paintHeaderSeparator(painter, option, widget);
-    painter->setPen(Qt::white);
-    painter->setFont(m_font);
-    painter->drawText(QRectF(0, 0, table()->headerWidth() - 4, height()),
-                      Qt::AlignRight | Qt::AlignVCenter, m_title);
+    m_titleText.draw(painter, QRectF(0, 0, table()->headerWidth() - 4, height()),
+                     Qt::AlignRight | Qt::AlignVCenter, m_title, m_font, Qt::white);
 }

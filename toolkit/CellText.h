@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPixmap>
+#include <QPointF>
+#include <QRectF>
+#include <QStaticText>
+#include <QString>
+
+class QPainter;
+
+// A single line of item text, rendered once and redrawn from that rendering
+// until the text, font, colour or sub-pixel placement changes. Grids repaint
+// hundreds of short texts at the console's level rate; laying each out and
+// rasterising its glyphs on every paint costs milliseconds per frame.
+class CellText
+{
+public:
+    // Draws text in rect with the alignment (one horizontal and one vertical
+    // flag), placed as QPainter::drawText places a single line.
+    void draw(QPainter* painter, const QRectF& rect, Qt::Alignment alignment, const QString& text,
+              const QFont& font, const QColor& colour);
+
+private:
+    void layOut(const QString& text, const QFont& font);
+    void render(const QPointF& fraction, const QColor& colour);
+
+    QString m_text;
+    QFont m_font;
+    QStaticText m_layout;
+    qreal m_advance = 0;
+    qreal m_lineHeight = 0;
+    bool m_laidOut = false;
+
+    QPixmap m_rendering;
+    QColor m_renderedColour;
+    QPointF m_renderedFraction;
+};
