@@ -14,12 +14,16 @@ constexpr std::string_view consoleVersionVariable = "LUMIDESK_ENGINE_CONSOLE_VER
 
 // update(Step, milliseconds, token, 0): after every request queued before it
 // has been handled, advance a manual clock by the given time in whole ticks
-// (no advance with the running clock), publish, then answer with the system
-// message 39/5 (type Step, argument token): the program's lumideskCommand
-// signal, whose types from 7 on it ignores. A barrier: once that signal
-// arrives, everything sent before has been handled and every signal before it
-// delivered. (A hook would not do: a bulk change drops pending hooks.)
+// (no advance with the running clock), publish, then answer twice: with the
+// system message 39/5 (type Step, argument token), the program's
+// lumideskCommand signal, whose types from 7 on it ignores; then with
+// notification StepHooks (Step, token), which only runs the program's cache
+// update hooks. Once the first arrives, everything sent before has been
+// handled and every signal before it queued. A test that appends a hook for
+// the second (from a direct connection to the first, so that no bulk change
+// can drop it) knows when the engine thread has left the signal emission too.
 constexpr int Step = 250;
+constexpr int StepHooks = 40;
 
 // Length of one engine tick in milliseconds.
 constexpr int tickMilliseconds = 25;

@@ -151,6 +151,7 @@ void SimulatedEngine::step(int milliseconds, int token)
     simulation_->refresh();
     notifier_.flush();
     notifier_.send(ConsoleCode::System, SystemCode::LumideskCommand, EngineTest::Step, token);
+    notifier_.send(EngineTest::StepHooks, EngineTest::Step, token);
 }
 
 void SimulatedEngine::run(QString consoleVersion)

@@ -7,11 +7,33 @@
 #include "RecordArea.h"
 
 #include <QCoreApplication>
-#include <QTest>
 
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
 #include <cstddef>
+#include <functional>
+#include <mutex>
 
 namespace {
+// Hands the engine's second answer to a step over to the waiting test.
+class StepDoneHook : public Console::CacheUpdateHook
+{
+public:
+    StepDoneHook(std::function<void(int)> done, int token) : done_(std::move(done)), token_(token)
+    {
+    }
+    bool matches(int code, int a, int b, int) override
+    {
+        return code == EngineTest::StepHooks && a == EngineTest::Step && b == token_;
+    }
+    void run(int, int, int, int) override { done_(token_); }
+
+private:
+    std::function<void(int)> done_;
+    int token_;
+};
+
 struct Stretch
 {
     size_t begin;
@@ -23,6 +45,26 @@ ConsoleSession::ConsoleSession(const QString& library, int variant)
 {
     Console::LoadError error = Console::LoadFailed;
     console_ = Console::load(library, variant, &error);
+    if (!console_)
+        return;
+    // The engine's answers to a step are caught on the engine thread itself
+    // and handed over with a standard mutex, which the thread sanitizer sees
+    // (Qt's own locks are invisible to it). Connected once, before any step,
+    // so that no connection changes while the engine emits.
+    QObject::connect(
+        console_, &Console::lumideskCommand, &receiver_,
+        [this](int type, int argument) {
+            if (type != EngineTest::Step)
+                return;
+            console_->appendHook(new StepDoneHook(
+                [this](int token) {
+                    std::lock_guard<std::mutex> lock(mutex_);
+                    answeredToken_ = std::max(answeredToken_, token);
+                    answered_.notify_all();
+                },
+                argument));
+        },
+        Qt::DirectConnection);
 }
 
 ConsoleSession::~ConsoleSession()
@@ -36,14 +78,17 @@ ConsoleSession::~ConsoleSession()
 bool ConsoleSession::step(int milliseconds)
 {
     const int token = ++token_;
-    bool arrived = false;
-    QObject receiver;
-    QObject::connect(console_, &Console::lumideskCommand, &receiver, [&](int type, int argument) {
-        if (type == EngineTest::Step && argument == token)
-            arrived = true;
-    });
     console_->engine()->update(EngineTest::Step, milliseconds, token, 0);
-    return QTest::qWaitFor([&] { return arrived; }, 20000);
+    {
+        std::unique_lock<std::mutex> lock(mutex_);
+        if (!answered_.wait_for(lock, std::chrono::seconds(20),
+                                [&] { return answeredToken_ >= token; }))
+            return false;
+    }
+    // Everything the engine announced before its answer has been queued to
+    // this thread by now.
+    QCoreApplication::sendPostedEvents();
+    return true;
 }
 
 void ConsoleSession::moveFader(int control, int level)

@@ -5,7 +5,11 @@
 #include "ConsoleStateRecord.h"
 
 #include <QByteArray>
+#include <QObject>
 #include <QString>
+
+#include <condition_variable>
+#include <mutex>
 
 // One simulated console loaded through the program's own Console, with the
 // engine clock under the test's control (the environment switch must be set
@@ -41,4 +45,8 @@ private:
 
     Console* console_ = nullptr;
     int token_ = 0;
+    QObject receiver_;
+    std::mutex mutex_;
+    std::condition_variable answered_;
+    int answeredToken_ = 0;
 };
