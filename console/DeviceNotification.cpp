@@ -27,6 +27,43 @@ struct DeviceNotification::Watch
             udev_unref(context);
     }
 };
+#elif defined(Q_OS_WIN)
+#include <QAbstractNativeEventFilter>
+#include <QCoreApplication>
+
+#include <windows.h>
+// windows.h first: dbt.h builds on its types.
+#include <dbt.h>
+
+// The registration handle and the application's native event filter that
+// turns the device-change message into a removal report.
+struct DeviceNotification::Watch : QAbstractNativeEventFilter
+{
+    DeviceNotification* owner = nullptr;
+    HDEVNOTIFY handle = nullptr;
+
+    ~Watch() override
+    {
+        if (QCoreApplication* app = QCoreApplication::instance())
+            app->removeNativeEventFilter(this);
+        if (handle)
+            UnregisterDeviceNotification(handle);
+    }
+
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr*) override
+    {
+        if (type != "windows_generic_MSG")
+            return false;
+        const MSG* msg = static_cast<const MSG*>(message);
+        if (msg->message == WM_DEVICECHANGE && msg->wParam == DBT_DEVICEREMOVECOMPLETE) {
+            const auto* header = reinterpret_cast<const DEV_BROADCAST_HDR*>(msg->lParam);
+            if (header && header->dbch_devicetype == DBT_DEVTYP_DEVICEINTERFACE)
+                owner->reportRemoval();
+        }
+        // Every message goes on to Qt, this one included.
+        return false;
+    }
+};
 #else
 struct DeviceNotification::Watch
 {
@@ -115,8 +152,34 @@ void DeviceNotification::readEvents()
     }
 }
 
+#elif defined(Q_OS_WIN)
+
+bool DeviceNotification::registerDeviceNotification(quintptr windowHandle, const QString& classGuid)
+{
+    unregisterDeviceNotification();
+    const QUuid interfaceClass = QUuid::fromString(classGuid);
+    if (interfaceClass.isNull() || !windowHandle)
+        return false;
+    DEV_BROADCAST_DEVICEINTERFACE_W filter{};
+    filter.dbcc_size = sizeof(filter);
+    filter.dbcc_devicetype = DBT_DEVTYP_DEVICEINTERFACE;
+    filter.dbcc_classguid = static_cast<GUID>(interfaceClass);
+    HDEVNOTIFY handle = RegisterDeviceNotificationW(reinterpret_cast<HWND>(windowHandle), &filter,
+                                                    DEVICE_NOTIFY_WINDOW_HANDLE);
+    if (!handle)
+        return false;
+    auto watch = std::make_unique<Watch>();
+    watch->owner = this;
+    watch->handle = handle;
+    QCoreApplication::instance()->installNativeEventFilter(watch.get());
+    m_watch = std::move(watch);
+    return true;
+}
+
+void DeviceNotification::readEvents() {}
+
 #else
-// No removal source on this platform yet: removals are not reported.
+// No removal source on this platform: removals are not reported.
 
 bool DeviceNotification::registerDeviceNotification(quintptr, const QString&)
 {

@@ -10,6 +10,13 @@
 #include <linux/hidraw.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
+#elif defined(Q_OS_WIN)
+#include <windows.h>
+// windows.h first: the HID and SetupAPI headers build on its types.
+#include <hidsdi.h>
+#include <setupapi.h>
+
+#include <vector>
 #endif
 
 QString selectConsoleLibrary(const QList<HidDeviceInfo>& devices)
@@ -90,8 +97,67 @@ QList<HidDeviceInfo> scanHidDevices()
     return devices;
 }
 
+#elif defined(Q_OS_WIN)
+
+namespace {
+
+// Opens the interface exclusively for reading and writing, as the engine will;
+// a busy device (the console opened elsewhere) is left out.
+bool readAttributes(const wchar_t* path, HidDeviceInfo& info)
+{
+    HANDLE device = CreateFileW(path, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (device == INVALID_HANDLE_VALUE)
+        return false;
+    HIDD_ATTRIBUTES attributes{};
+    attributes.Size = sizeof(attributes);
+    const bool ok = HidD_GetAttributes(device, &attributes);
+    CloseHandle(device);
+    if (!ok)
+        return false;
+    info.vendorId = attributes.VendorID;
+    info.productId = attributes.ProductID;
+    info.versionNumber = attributes.VersionNumber;
+    return true;
+}
+
+} // namespace
+
+QList<HidDeviceInfo> scanHidDevices()
+{
+    QList<HidDeviceInfo> devices;
+    GUID hidClass;
+    HidD_GetHidGuid(&hidClass);
+    HDEVINFO set =
+        SetupDiGetClassDevsW(&hidClass, nullptr, nullptr, DIGCF_PRESENT | DIGCF_DEVICEINTERFACE);
+    if (set == INVALID_HANDLE_VALUE)
+        return devices;
+    SP_DEVICE_INTERFACE_DATA interfaceData{};
+    interfaceData.cbSize = sizeof(interfaceData);
+    for (DWORD index = 0;
+         SetupDiEnumDeviceInterfaces(set, nullptr, &hidClass, index, &interfaceData); ++index) {
+        DWORD needed = 0;
+        SetupDiGetDeviceInterfaceDetailW(set, &interfaceData, nullptr, 0, &needed, nullptr);
+        if (needed < sizeof(SP_DEVICE_INTERFACE_DETAIL_DATA_W))
+            continue;
+        std::vector<BYTE> buffer(needed, 0);
+        auto* detail = reinterpret_cast<SP_DEVICE_INTERFACE_DETAIL_DATA_W*>(buffer.data());
+        detail->cbSize = sizeof(SP_DEVICE_INTERFACE_DETAIL_DATA_W);
+        if (!SetupDiGetDeviceInterfaceDetailW(set, &interfaceData, detail, needed, nullptr,
+                                              nullptr))
+            continue;
+        HidDeviceInfo info;
+        if (readAttributes(detail->DevicePath, info)) {
+            info.path = QString::fromWCharArray(detail->DevicePath);
+            devices.append(info);
+        }
+    }
+    SetupDiDestroyDeviceInfoList(set);
+    return devices;
+}
+
 #else
-// No HID enumeration here yet (Windows needs its SetupAPI scan): the dialog is always shown.
+// No HID enumeration on this platform: the dialog is always shown.
 
 QList<HidDeviceInfo> scanHidDevices()
 {
