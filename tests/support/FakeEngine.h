@@ -79,6 +79,8 @@ public:
     // Delivers a notification now, on the calling thread.
     void notify(int code, int a = 0, int b = 0, int c = 0);
     // Queues a notification for the engine thread (started on first use).
+    // Stop the thread (stopThread, or Console::unload through release)
+    // before deleting the Console it notifies.
     void post(int code, int a = 0, int b = 0, int c = 0);
     // Blocks until the engine thread has delivered everything posted.
     void waitIdle();
