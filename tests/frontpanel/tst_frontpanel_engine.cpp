@@ -120,7 +120,10 @@ void TestFrontPanelEngine::click(ConsoleButton* key)
 {
     QVERIFY(key);
     const QPoint at = panel->mapFromScene(key->sceneBoundingRect().center());
+    // Settled after each half, so that the panel never reads the record
+    // while the engine is still writing the answer to the other half.
     QTest::mousePress(panel->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    QVERIFY(settle());
     QTest::mouseRelease(panel->viewport(), Qt::LeftButton, Qt::NoModifier, at);
     QVERIFY(settle());
 }
