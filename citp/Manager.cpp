@@ -5,6 +5,7 @@
 
 #include <QMutexLocker>
 #include <QNetworkDatagram>
+#include <QNetworkProxy>
 
 namespace CITP {
 
@@ -46,6 +47,10 @@ Manager::Manager(const Settings& settings) : m_settings(settings)
     if (!m_settings.clock)
         m_settings.clock = [] { return QDateTime::currentDateTimeUtc(); };
 
+    // Show networks are local: a system-wide proxy must never carry CITP
+    // (and asking for one costs a lookup per socket).
+    m_multicastSocket.setProxy(QNetworkProxy::NoProxy);
+    m_broadcastSocket.setProxy(QNetworkProxy::NoProxy);
     bindSockets();
     connect(&m_multicastSocket, &QUdpSocket::readyRead, this, &Manager::multicastDataReceived);
     connect(&m_broadcastSocket, &QUdpSocket::readyRead, this, &Manager::broadcastDataReceived);

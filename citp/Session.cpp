@@ -3,6 +3,7 @@
 
 #include "Manager.h"
 
+#include <QNetworkProxy>
 #include <QPointer>
 
 namespace CITP {
@@ -18,6 +19,8 @@ Session::Session(Manager* manager, const PeerInfo& peer, Handler* handler)
     m_connectTimer.setSingleShot(true);
     connect(&m_connectTimer, &QTimer::timeout, this, &Session::connectTimeout);
 
+    // Visualisers sit on the local show network, never behind a proxy.
+    setProxy(QNetworkProxy::NoProxy);
     // Without a limit Qt would pull whatever a peer sends into memory.
     setReadBufferSize(readChunkBytes);
     // Connecting from the event loop: a refusal can then never reach the

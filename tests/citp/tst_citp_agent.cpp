@@ -10,6 +10,7 @@
 #include "FakeEngine.h"
 
 #include <QNetworkInterface>
+#include <QNetworkProxyFactory>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTest>
@@ -83,6 +84,7 @@ class TestCitpAgent : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
     void startAndStop();
@@ -480,6 +482,13 @@ void TestCitpAgent::bothDiscoveryPortsGiveTwoSessions()
     QTRY_COMPARE(byLocation.lines.size(), 6);
     QCOMPARE(CITPAgent::instance()->establishedSessionCount(), 2);
     QCOMPARE(CITP::Manager::instance()->peerList().size(), 2);
+}
+
+void TestCitpAgent::initTestCase()
+{
+    // The test's own sockets talk over loopback directly, without asking
+    // the system for a proxy.
+    QNetworkProxyFactory::setUseSystemConfiguration(false);
 }
 
 QTEST_GUILESS_MAIN(TestCitpAgent)

@@ -3,6 +3,7 @@
 #include "citp/Message.h"
 
 #include <QNetworkInterface>
+#include <QNetworkProxyFactory>
 #include <QSignalSpy>
 #include <QTest>
 #include <QUdpSocket>
@@ -53,6 +54,7 @@ class TestCitpManager : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
     void startOnlyOnce();
@@ -250,6 +252,13 @@ void TestCitpManager::peerListIsBounded()
         return a.at(0).value<PeerInfo>().port >= 10000 + Manager::maxKnownPeers;
     });
     QCOMPARE(unlisted, 0);
+}
+
+void TestCitpManager::initTestCase()
+{
+    // The test's own sockets talk over loopback directly, without asking
+    // the system for a proxy.
+    QNetworkProxyFactory::setUseSystemConfiguration(false);
 }
 
 QTEST_GUILESS_MAIN(TestCitpManager)

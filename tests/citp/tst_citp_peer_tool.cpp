@@ -6,6 +6,7 @@
 
 #include "FakeEngine.h"
 
+#include <QNetworkProxyFactory>
 #include <QProcess>
 #include <QTest>
 
@@ -16,6 +17,7 @@ class TestCitpPeerTool : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void badCommandLine_data();
     void badCommandLine();
     void commands_data();
@@ -134,6 +136,13 @@ void TestCitpPeerTool::againstTheAgent()
         QCOMPARE(int(engine.record()->dmxWriteRing[i].level), 5 + i);
     }
     QTRY_COMPARE(int(engine.record()->deviceSelected[3]), 1);
+}
+
+void TestCitpPeerTool::initTestCase()
+{
+    // The test's own sockets talk over loopback directly, without asking
+    // the system for a proxy.
+    QNetworkProxyFactory::setUseSystemConfiguration(false);
 }
 
 QTEST_GUILESS_MAIN(TestCitpPeerTool)

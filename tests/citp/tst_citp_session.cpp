@@ -3,6 +3,7 @@
 #include "citp/Message.h"
 #include "citp/Session.h"
 
+#include <QNetworkProxyFactory>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTcpServer>
@@ -59,6 +60,7 @@ class TestCitpSession : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
     void twoMessagesInOneSegmentComeInOneRead();
@@ -263,6 +265,13 @@ void TestCitpSession::slowPeerKeepsOnlyTheNewestState()
         10000);
     QCOMPARE(names.mid(names.size() - 2), (QStringList{"k0 19998", "k1 19999"}));
     QVERIFY(names.size() < rounds);
+}
+
+void TestCitpSession::initTestCase()
+{
+    // The test's own sockets talk over loopback directly, without asking
+    // the system for a proxy.
+    QNetworkProxyFactory::setUseSystemConfiguration(false);
 }
 
 QTEST_GUILESS_MAIN(TestCitpSession)

@@ -4,6 +4,7 @@
 #include "citp/SessionKey.h"
 
 #include <QNetworkInterface>
+#include <QNetworkProxy>
 #include <QTcpSocket>
 #include <QtEndian>
 
@@ -41,6 +42,9 @@ CitpPeer::CitpPeer(const Options& options, QObject* parent)
     : QObject(parent), m_options(options),
       m_cipher(QByteArrayView(CITP::sessionKey.data(), qsizetype(CITP::sessionKey.size())))
 {
+    // A visualiser on the show network is reached directly, never by proxy.
+    m_server.setProxy(QNetworkProxy::NoProxy);
+    m_announcer.setProxy(QNetworkProxy::NoProxy);
     connect(&m_server, &QTcpServer::newConnection, this, &CitpPeer::acceptConnections);
     connect(&m_announceTimer, &QTimer::timeout, this, &CitpPeer::announce);
 }
