@@ -136,7 +136,7 @@ void drawGrain(QPainter& p, const QSizeF& s)
     const int w = static_cast<int>(s.width());
     const int h = static_cast<int>(s.height());
     QRandomGenerator random(20260101);
-    constexpr int lattice = 8;
+    constexpr int lattice = 16;
     std::vector<double> knots(lattice * lattice);
     for (double& k : knots)
         k = random.bounded(1.0);
@@ -158,7 +158,7 @@ void drawGrain(QPainter& p, const QSizeF& s)
             const double bottom = knot(ix, iy + 1) * (1 - tx) + knot(ix + 1, iy + 1) * tx;
             const double cloud = top * (1 - ty) + bottom * ty;
             const double grain = random.bounded(1.0) + random.bounded(1.0) - 1.0;
-            const int v = qBound(0, int(31 + cloud * 6 + grain * 5), 255);
+            const int v = qBound(0, int(32 + cloud * 4 + grain * 5), 255);
             tile.setPixel(x, y, qRgb(v, v, v + 2));
         }
     }
@@ -212,6 +212,6 @@ void addStartupImages(ImageCatalogue& c)
         c.add(QStringLiteral("Startup%1Icon.png").arg(QLatin1String(look.name)), QSize(200, 150),
               Enc::Plain, [look](QPainter& p, const QSizeF& s) { drawConsole(p, s, look); });
     }
-    c.add("BrittishGrain.png", QSize(128, 128), Enc::Plain, drawGrain);
+    c.add("BrittishGrain.png", QSize(256, 256), Enc::Plain, drawGrain);
     c.add("LumideskLogo.png", QSize(36, 33), Enc::Plain, drawLogo);
 }
