@@ -20,6 +20,7 @@
 namespace {
 constexpr int busyQueueLength = 10;
 constexpr int versionCheckDelay = 10;
+constexpr int wideScreenWidth = 1250;
 // The console's mode byte while it runs normally (it refuses a link otherwise).
 constexpr quint8 normalMode = 1;
 
@@ -88,8 +89,9 @@ QList<int> MainFrame::tabOrder(int consoleType)
 void MainFrame::buildTabs(int consoleType)
 {
     tabKinds.fill(NoTab);
-    // Each view adds its tab here, in the order of tabOrder(consoleType),
-    // once it exists; until then the strip shows the tabs that do.
+    // Each view is built with (this, &bar, wideScreen()) and adds its tab
+    // here, in the order of tabOrder(consoleType), once it exists; until then
+    // the strip shows the tabs that do.
     Q_UNUSED(consoleType);
 }
 
@@ -148,6 +150,12 @@ bool MainFrame::fitsFixedSize(const QRect& availableArea)
 {
     return availableArea.width() >= fixedSize.width() &&
            availableArea.height() > fixedSize.height();
+}
+
+bool MainFrame::wideScreen()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen && screen->geometry().width() >= wideScreenWidth;
 }
 
 void MainFrame::showPlaced()

@@ -63,6 +63,8 @@ public:
     static bool fitsFixedSize(const QRect& availableArea);
     // Shows the window by that rule on the primary screen.
     void showPlaced();
+    // Views are built for a wide screen (at least 1250 pixels) or a narrow one.
+    static bool wideScreen();
 
     TitleBar* titleBar() { return &bar; }
     TabStrip* tabStrip() { return &strip; }
