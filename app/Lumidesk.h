@@ -49,6 +49,8 @@ public:
     // window lives. False when no watch could be set up.
     bool registerDeviceNotification(QWidget* window, const QString& classGuid);
     void unregisterDeviceNotification();
+    // The removal watch; registered only while the main window exists.
+    DeviceNotification& deviceNotification() { return m_deviceNotification; }
 
     // The device interface class of the console's USB interfaces.
     static QString consoleInterfaceClass()

@@ -3,6 +3,7 @@
 // loading each model, the failure messages and the teardown.
 #include "Console.h"
 #include "ConsoleCache.h"
+#include "DeviceNotification.h"
 #include "InterfaceDialog.h"
 #include "Lumidesk.h"
 #include "StartOptions.h"
@@ -15,6 +16,7 @@
 #include <QtTest>
 
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -96,6 +98,7 @@ private slots:
 
     void loadFailure_data();
     void loadFailure();
+    void consoleRemovalReachesTheEngineWhileRunning();
 
     void dialogChoice_data();
     void dialogChoice();
@@ -211,6 +214,39 @@ void TestStartup::modelOption()
     // Torn down: the window is gone and the console unloaded.
     QVERIFY(window.isNull());
     QCOMPARE(app.console(), nullptr);
+}
+
+void TestStartup::consoleRemovalReachesTheEngineWhileRunning()
+{
+    // Whether this machine lets a program watch udev at all.
+    const bool canWatch =
+        DeviceNotification([] {}).registerDeviceNotification(0, Lumidesk::consoleInterfaceClass());
+
+    Lumidesk app(argc, argv);
+    QVERIFY(!app.deviceNotification().isRegistered());
+    std::unique_ptr<QSignalSpy> statusSpy;
+    bool registeredWhileRunning = false;
+    bool statusReported = false;
+    WhenReady inLoop([&] {
+        if (!app.console())
+            return false;
+        if (!statusSpy) {
+            registeredWhileRunning = app.deviceNotification().isRegistered();
+            statusSpy = std::make_unique<QSignalSpy>(app.console(), &Console::consoleStatusUpdated);
+            // What the watch does when the console's interface goes away.
+            app.deviceNotification().reportRemoval();
+            return false;
+        }
+        if (statusSpy->isEmpty())
+            return false;
+        statusReported = true;
+        QCoreApplication::exit(0);
+        return true;
+    });
+    QCOMPARE(app.run(ConsoleChoice{QStringLiteral("glowEngine"), 0}), 0);
+    QVERIFY(statusReported);
+    QCOMPARE(registeredWhileRunning, canWatch);
+    QVERIFY(!app.deviceNotification().isRegistered());
 }
 
 void TestStartup::loadFailure_data()
