@@ -60,6 +60,11 @@ Button::Button(QGraphicsItem* parent, QGraphicsScene* scene, ButtonHandler* hand
         icon = textIcon(text);
     } else {
         label = text;
+        labelFont = makeFont(labelFamily, readsAsInteger(text) ? 10 : 7);
+        // A label with a space takes two lines, split at the first space.
+        const int space = text.indexOf(QLatin1Char(' '));
+        labelLines =
+            space < 0 ? QStringList{text} : QStringList{text.left(space), text.mid(space + 1)};
         setLedColour(Qt::black);
     }
 }
@@ -166,17 +171,16 @@ void Button::paintConsoleText(QPainter* painter) const
 
     const QRect area = pressedLook() ? consoleLabelRect.translated(1, 1) : consoleLabelRect;
     painter->setPen(Qt::black);
-    painter->setFont(makeFont(labelFamily, readsAsInteger(label) ? 10 : 7));
-    const int space = label.indexOf(QLatin1Char(' '));
-    if (space < 0) {
+    painter->setFont(labelFont);
+    if (labelLines.size() < 2) {
         painter->drawText(area, Qt::AlignCenter, label);
         return;
     }
     const int half = area.height() / 2;
     painter->drawText(QRect(area.x(), area.y(), area.width(), half), Qt::AlignCenter,
-                      label.left(space));
+                      labelLines[0]);
     painter->drawText(QRect(area.x(), area.y() + half, area.width(), area.height() - half),
-                      Qt::AlignCenter, label.mid(space + 1));
+                      Qt::AlignCenter, labelLines[1]);
 }
 
 void Button::paintTitleBar(QPainter* painter) const

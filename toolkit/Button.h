@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QGraphicsItem>
 #include <QPixmap>
 #include <QString>
+#include <QStringList>
 
 class ButtonHandler;
 
@@ -77,6 +79,9 @@ private:
     ButtonStyle style;
     bool toggle;
     QString label;
+    // The label as drawn: its font, and its one or two lines.
+    QFont labelFont;
+    QStringList labelLines;
     QColor led{Qt::white};
     bool down = false;
     bool pressedNow = false;

@@ -4,6 +4,8 @@
 #include <QGraphicsItem>
 #include <QObject>
 
+#include <algorithm>
+
 // A thin drawn scroll bar that reports the first visible line. The thumb
 // follows the mouse smoothly while the line moves in whole steps.
 class ScrollBar : public QObject, public QGraphicsItem
