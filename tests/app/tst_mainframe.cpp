@@ -286,6 +286,13 @@ void TestMainFrame::closeQuestion()
     QFETCH(bool, closed);
     QFETCH(int, saves);
     QFETCH(QString, savedAs);
+#ifdef __SANITIZE_THREAD__
+    // Qt's file dialog reads the folder on a thread of its own inside the
+    // uninstrumented Qt libraries, which the thread sanitizer reports as
+    // races; these rows run in the other builds.
+    if (answers.size() > 1)
+        QSKIP("The file dialog's folder thread is opaque to the thread sanitizer");
+#endif
     MainFrame& window = makeFrame(ConsoleCache::ModelAlder, false);
     engine->setShowFileName(showFile);
     window.show();
