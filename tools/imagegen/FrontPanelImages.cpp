@@ -214,7 +214,9 @@ void addFrontPanelImages(ImageCatalogue& catalogue)
     for (const Model& model : models) {
         const QString name = QString::fromLatin1(model.name);
         catalogue.add(QStringLiteral("FrontPanel") + name + QStringLiteral(".png"),
-                      QSize(model.width, 459), Enc::Plain,
+                      // Stored opaque (no alpha channel): the panel draws the
+                      // picture as it is, without a format conversion per frame.
+                      QSize(model.width, 459), Enc::OverBlack,
                       [name](QPainter& p, const QSizeF& size) { paintPanel(p, size, name); });
     }
 }
