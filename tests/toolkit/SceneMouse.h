@@ -66,7 +66,8 @@ private:
 inline QImage renderItem(QGraphicsItem& item, const QColor& background = Qt::black)
 {
     const QRect bounds = item.boundingRect().toAlignedRect();
-    QImage image(bounds.size(), QImage::Format_ARGB32);
+    // Premultiplied, the raster engine's own format: no conversion on the way.
+    QImage image(bounds.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(background);
     QPainter painter(&image);
     painter.translate(-bounds.topLeft());
