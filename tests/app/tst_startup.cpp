@@ -224,20 +224,25 @@ void TestStartup::consoleRemovalReachesTheEngineWhileRunning()
 
     Lumidesk app(argc, argv);
     QVERIFY(!app.deviceNotification().isRegistered());
-    std::unique_ptr<QSignalSpy> statusSpy;
+    // The engine emits on its own thread: count on the GUI thread through a
+    // queued connection (a QSignalSpy would be appended to from both).
+    bool watching = false;
+    int statusUpdates = 0;
     bool registeredWhileRunning = false;
     bool statusReported = false;
     WhenReady inLoop([&] {
         if (!app.console())
             return false;
-        if (!statusSpy) {
+        if (!watching) {
+            watching = true;
             registeredWhileRunning = app.deviceNotification().isRegistered();
-            statusSpy = std::make_unique<QSignalSpy>(app.console(), &Console::consoleStatusUpdated);
+            QObject::connect(app.console(), &Console::consoleStatusUpdated, &app,
+                             [&statusUpdates] { ++statusUpdates; }, Qt::QueuedConnection);
             // What the watch does when the console's interface goes away.
             app.deviceNotification().reportRemoval();
             return false;
         }
-        if (statusSpy->isEmpty())
+        if (statusUpdates == 0)
             return false;
         statusReported = true;
         QCoreApplication::exit(0);
