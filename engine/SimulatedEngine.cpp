@@ -52,6 +52,10 @@ void SimulatedEngine::start(IConsoleHandler* handler, int languageIndex, int mod
     if (consoleVersion.isEmpty())
         consoleVersion = version();
     thread_ = std::thread([this, consoleVersion] { run(consoleVersion); });
+    // The program polls for readiness every 100 ms unless the engine is
+    // ready when start() returns: greet first, so a start costs no poll.
+    std::unique_lock<std::mutex> lock(mutex_);
+    wake_.wait(lock, [this] { return greeted_; });
 }
 
 void SimulatedEngine::release()
@@ -164,6 +168,11 @@ void SimulatedEngine::run(QString consoleVersion)
         notifier_.setMuted(true);
     else
         notifier_.send(38);
+    {
+        std::lock_guard<std::mutex> lock(mutex_);
+        greeted_ = true;
+    }
+    wake_.notify_all();
 
     nextTick_ = Clock::now() + tickPeriod;
     std::deque<Request> batch;

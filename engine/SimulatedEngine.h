@@ -65,6 +65,7 @@ private:
     std::condition_variable wake_;
     std::deque<Request> requests_;
     bool stopping_ = false;
+    bool greeted_ = false; // 37 (and 38) sent: start() may return
     bool manualClock_ = false;
     Clock::time_point nextTick_;
 };
