@@ -130,3 +130,9 @@ void Lumidesk::consoleRemoved()
     if (m_console && m_console->engine())
         m_console->engine()->usbDeviceRemoved();
 }
+
+int Lumidesk::currentConsoleType()
+{
+    const Console* console = currentConsole();
+    return console ? int(console->consoleType()) : int(ConsoleCache::ModelUnknown);
+}

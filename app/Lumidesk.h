@@ -26,6 +26,11 @@ public:
 
     // The one application object, or null outside its lifetime.
     static Lumidesk* instance() { return s_instance; }
+    // The loaded console of the running application, or null (no
+    // application, or no console yet).
+    static Console* currentConsole() { return s_instance ? s_instance->m_console : nullptr; }
+    // The model of the current console; ModelUnknown without one.
+    static int currentConsoleType();
 
     Console* console() const { return m_console; }
     // Hands over a console loaded elsewhere, for tests that build one on an

@@ -24,17 +24,6 @@ constexpr int wideScreenWidth = 1250;
 // The console's mode byte while it runs normally (it refuses a link otherwise).
 constexpr quint8 normalMode = 1;
 
-Console* appConsole()
-{
-    Lumidesk* app = Lumidesk::instance();
-    return app ? app->console() : nullptr;
-}
-
-int currentConsoleType()
-{
-    const Console* console = appConsole();
-    return console ? int(console->consoleType()) : int(ConsoleCache::ModelUnknown);
-}
 } // namespace
 
 MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this), panel(this)
@@ -50,7 +39,7 @@ MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this),
     setPalette(background);
     setAutoFillBackground(true);
 
-    buildTabs(currentConsoleType());
+    buildTabs(Lumidesk::currentConsoleType());
     if (Tab* first = strip.tab(0))
         first->activate();
     panel.raise();
@@ -61,7 +50,7 @@ MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this),
     versionCheckTimer.setSingleShot(true);
     versionCheckTimer.start(versionCheckDelay);
 
-    const Console* console = appConsole();
+    const Console* console = Lumidesk::currentConsole();
     bar.setOnline(console && console->consoleStatus() != 0);
     if (console)
         bar.setTitle(console->cache()->showFileName());
@@ -123,7 +112,7 @@ int MainFrame::tabKind(int index) const
 
 void MainFrame::connectConsole()
 {
-    Console* console = appConsole();
+    Console* console = Lumidesk::currentConsole();
     if (!console)
         return;
     connect(console, &Console::playLoaded, this, &MainFrame::consoleCachePlayLoaded,
@@ -221,7 +210,7 @@ void MainFrame::showMemory(int page, int memory)
 
 int MainFrame::pageOnFader(int fader) const
 {
-    const Console* console = appConsole();
+    const Console* console = Lumidesk::currentConsole();
     if (!console || fader < 0 || fader >= ConsoleStateRecord::maxFaders)
         return -1;
     return console->cache()->faderPage(fader);
@@ -239,7 +228,7 @@ void MainFrame::titleBarCloseButtonClicked()
 
 void MainFrame::consoleCachePlayLoaded()
 {
-    if (const Console* console = appConsole())
+    if (const Console* console = Lumidesk::currentConsole())
         bar.setTitle(console->cache()->showFileName());
 }
 
@@ -296,7 +285,7 @@ void MainFrame::consoleCacheSystemBusyCommand(int queueLength)
 
 void MainFrame::consoleCacheConsoleVersionUpdated()
 {
-    Console* console = appConsole();
+    Console* console = Lumidesk::currentConsole();
     if (!console || closeConfirmed)
         return;
     if (console->isVersionKnown() &&
@@ -323,7 +312,7 @@ void MainFrame::closeAfterFatalMessage(const QString& text)
 
 void MainFrame::consoleCacheConsoleStatusUpdated()
 {
-    if (const Console* console = appConsole())
+    if (const Console* console = Lumidesk::currentConsole())
         bar.setOnline(console->consoleStatus() != 0);
 }
 
@@ -344,7 +333,7 @@ bool MainFrame::askToSave()
         return true;
     if (answer != QMessageBox::Yes)
         return false;
-    Console* console = appConsole();
+    Console* console = Lumidesk::currentConsole();
     if (!console)
         return true;
     if (!console->cache()->showFileName().isEmpty()) {

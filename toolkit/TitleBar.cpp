@@ -32,17 +32,6 @@ constexpr int titleLeft = 40;
 constexpr int step = 32;
 constexpr int gap = 34;
 
-Console* appConsole()
-{
-    Lumidesk* app = Lumidesk::instance();
-    return app ? app->console() : nullptr;
-}
-
-int currentConsoleType()
-{
-    const Console* console = appConsole();
-    return console ? int(console->consoleType()) : int(ConsoleCache::ModelUnknown);
-}
 
 QString currentLanguage()
 {
@@ -111,7 +100,7 @@ TitleBar::DMXInputIndicator::DMXInputIndicator()
 void TitleBar::DMXInputIndicator::paint(QPainter* painter, const QStyleOptionGraphicsItem*,
                                         QWidget*)
 {
-    const Console* console = appConsole();
+    const Console* console = Lumidesk::currentConsole();
     const ConsoleStateRecord* record = console ? console->cache()->record() : nullptr;
     painter->drawPixmap(5, 14, record && record->dmxInputValid ? good : bad);
 
@@ -144,7 +133,7 @@ QString TitleBar::consoleIcon(int consoleType)
 }
 
 TitleBar::TitleBar(QWidget* mainWindow)
-    : QGraphicsView(mainWindow), mainWindow(mainWindow), consoleType(currentConsoleType()),
+    : QGraphicsView(mainWindow), mainWindow(mainWindow), consoleType(Lumidesk::currentConsoleType()),
       title(makeFont(QStringLiteral("System"), 14, true)),
       captureButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                     iconPath("TitleBarCaptureButton.png"), iconKey),
