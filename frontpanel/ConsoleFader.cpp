@@ -18,11 +18,6 @@ constexpr QColor markerDark(143, 120, 50);
 constexpr int firstFullFader = 48;
 constexpr int lastFullFader = 49;
 
-ConsoleCache* appCache()
-{
-    Console* console = ConsoleLink::console();
-    return console && console->cache()->record() ? console->cache() : nullptr;
-}
 } // namespace
 
 ConsoleFader::ConsoleFader(QGraphicsItem* parent, QGraphicsScene* scene, int faderNumber,
@@ -85,7 +80,7 @@ bool ConsoleFader::holdsSequenceWithSteps(const ConsoleCache* cache) const
 
 void ConsoleFader::updateStatusColours()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache || !showStatus)
         return;
     lastMode = cache->faderMode();
@@ -108,7 +103,7 @@ void ConsoleFader::updateStatusColours()
 
 void ConsoleFader::paintPlaybackMarker(QPainter* painter, const QRectF& rect) const
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const bool active = cache && number >= 0 && number < ConsoleStateRecord::maxFaders &&
                         cache->record()->faders[number].active;
     const QRectF bar(rect.left() + 2, rect.center().y() - 1.5, rect.width() - 4, 3);
@@ -122,7 +117,7 @@ void ConsoleFader::consoleCachePlayLoaded()
 
 void ConsoleFader::consoleCacheFaderUpdated()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache || number < 0 || number >= ConsoleStateRecord::maxFaders)
         return;
     setLevelA(cache->record()->faders[number].level / 255.0f);
@@ -130,7 +125,7 @@ void ConsoleFader::consoleCacheFaderUpdated()
 
 void ConsoleFader::consoleCacheBlindLevelsUpdated()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache)
         return;
     const int channel = cache->faderChannel(cache->faderMode(), number);
@@ -146,7 +141,7 @@ void ConsoleFader::consoleCacheConsoleStatusUpdated()
 
 void ConsoleFader::consoleCacheSequenceUpdated(Console::Sequence sequence)
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache)
         return;
     const int pageFader = cache->faderSequence(number);

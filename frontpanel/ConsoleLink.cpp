@@ -1,25 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ConsoleLink.h"
 
+#include "Console.h"
 #include "Lumidesk.h"
 
 #include <QImage>
 
-namespace {
-Console* replacement = nullptr;
-}
-
 Console* ConsoleLink::console()
 {
-    if (replacement)
-        return replacement;
-    const Lumidesk* app = Lumidesk::instance();
-    return app ? app->console() : nullptr;
+    return Lumidesk::currentConsole();
+}
+
+ConsoleCache* ConsoleLink::cache()
+{
+    Console* console = Lumidesk::currentConsole();
+    return console && console->cache()->record() ? console->cache() : nullptr;
 }
 
 void ConsoleLink::setConsole(Console* console)
 {
-    replacement = console;
+    if (Lumidesk* app = Lumidesk::instance())
+        app->setConsole(console);
 }
 
 const QImage& ConsoleLink::image(Resources::Id id)

@@ -21,12 +21,6 @@ constexpr int highKeyOffset = 73;
 constexpr int narrowSpacing = 7;
 constexpr QColor zeroKeyColour(78, 78, 78);
 
-ConsoleCache* appCache()
-{
-    Console* console = ConsoleLink::console();
-    return console && console->cache()->record() ? console->cache() : nullptr;
-}
-
 bool isChannelMode(int mode)
 {
     return mode == 0 || mode == 1 || mode == 2 || mode == 6;
@@ -106,7 +100,7 @@ QRectF FaderBlock::boundingRect() const
 
 void FaderBlock::readModeAndPage()
 {
-    if (const ConsoleCache* cache = appCache()) {
+    if (const ConsoleCache* cache = ConsoleLink::cache()) {
         mode = cache->faderMode();
         page = cache->record()->memoryPage;
     }
@@ -114,7 +108,7 @@ void FaderBlock::readModeAndPage()
 
 bool FaderBlock::holdsSequence(int fader) const
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const int index = cache ? cache->faderSequence(fader) : -1;
     return index >= 0 && index < ConsoleStateRecord::sequenceFadersPerPage && page >= 0 &&
            page < ConsoleStateRecord::pages && cache->stepCount(page, index) > 0;
@@ -122,7 +116,7 @@ bool FaderBlock::holdsSequence(int fader) const
 
 bool FaderBlock::holdsMemory(int fader) const
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     return cache && fader >= 0 && fader < ConsoleStateRecord::memoriesPerPage && page >= 0 &&
            page < ConsoleStateRecord::pages && cache->isMemoryRecorded(page, fader);
 }
@@ -136,7 +130,7 @@ void FaderBlock::refresh()
 
 void FaderBlock::refreshFader(int i)
 {
-    if (!appCache() || !(isChannelMode(mode) || mode == memoryMode)) {
+    if (!ConsoleLink::cache() || !(isChannelMode(mode) || mode == memoryMode)) {
         clearFader(i);
         return;
     }
@@ -161,7 +155,7 @@ void FaderBlock::clearFader(int i)
 
 void FaderBlock::showChannel(int i)
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const int channel = cache->faderChannel(mode, firstFader + i);
     const bool exists = channel >= 0 && channel < cache->channelCount();
     for (int line = 0; line < lineCount; ++line) {
@@ -176,7 +170,7 @@ void FaderBlock::showChannel(int i)
 
 void FaderBlock::showPlayback(int i)
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const int fader = firstFader + i;
     const bool sequence = holdsSequence(fader);
     const bool memory = !sequence && holdsMemory(fader);
@@ -200,7 +194,7 @@ void FaderBlock::showPlayback(int i)
 
 void FaderBlock::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache)
         return;
     if (mode == 3 || mode == 4) {
@@ -245,7 +239,7 @@ void FaderBlock::buttonClicked(Button* button)
 void FaderBlock::textChanged(::InPlaceEditableText* item, const QString& text)
 {
     auto* line = static_cast<InPlaceEditableText*>(item);
-    ConsoleCache* cache = appCache();
+    ConsoleCache* cache = ConsoleLink::cache();
     if (!cache)
         return;
     const int fader = line->fader();
@@ -276,7 +270,7 @@ void FaderBlock::consoleCachePlayLoaded()
 
 void FaderBlock::consoleCacheChannelTextUpdated(int channel)
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache || !isChannelMode(mode))
         return;
     for (int i = 0; i < faderTotal; ++i) {
@@ -294,7 +288,7 @@ void FaderBlock::consoleCacheMemoryUpdated(Console::Memory memory)
 
 void FaderBlock::consoleCacheSequenceUpdated(Console::Sequence sequence)
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache || mode != memoryMode || sequence.isStack() || sequence.page != page)
         return;
     const int fader = cache->sequenceFader(sequence.fader);

@@ -24,18 +24,13 @@ constexpr QColor grandMasterColour(56, 114, 248);
 constexpr QColor bumpColour(107, 107, 107);
 constexpr QColor separatorColour(255, 255, 255, 48);
 
-ConsoleCache* appCache()
-{
-    Console* console = ConsoleLink::console();
-    return console && console->cache()->record() ? console->cache() : nullptr;
-}
 } // namespace
 
 GMButtonRow::GMButtonRow(QGraphicsScene* scene)
 {
     if (scene)
         scene->addItem(this);
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const int model = cache ? int(cache->consoleType()) : int(ConsoleCache::ModelUnknown);
     maple = model == ConsoleCache::ModelMaple;
     const bool wideFaders = model == ConsoleCache::ModelBirch || model == ConsoleCache::ModelCedar;
@@ -93,7 +88,7 @@ void GMButtonRow::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWid
     for (const int y : {200, 282, 364})
         painter->drawLine(5, y, columnWidth - 5, y);
 
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const int grandMaster = cache ? cache->record()->grandMasterLevel : 0;
     const int bump = cache ? cache->record()->bumpLevel : 0;
     painter->setFont(makeFont(family, 9));
@@ -118,7 +113,7 @@ void GMButtonRow::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWid
 
 void GMButtonRow::reloadPageNames()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const bool valid = cache && page >= 0 && page < ConsoleStateRecord::pages;
     for (int k = 0; k < pageItems.size(); ++k) {
         pageItems[k]->setText(valid ? cache->pageName(page, k) : QString());
@@ -128,7 +123,7 @@ void GMButtonRow::reloadPageNames()
 
 void GMButtonRow::textChanged(InPlaceEditableText* item, const QString& text)
 {
-    ConsoleCache* cache = appCache();
+    ConsoleCache* cache = ConsoleLink::cache();
     const int line = int(pageItems.indexOf(item));
     if (cache && line >= 0 && page >= 0 && page < ConsoleStateRecord::pages)
         cache->setPageName(page, line, text);
@@ -141,7 +136,7 @@ void GMButtonRow::consoleCacheFaderUpdated()
 
 void GMButtonRow::consoleCacheConsoleStatusUpdated()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache || cache->record()->memoryPage == page)
         return;
     page = cache->record()->memoryPage;

@@ -43,12 +43,6 @@ constexpr Key keyTable[] = {
     {QT_TRANSLATE_NOOP("MLButtonRow", "GO MODE"), 60, 1134},
 };
 
-ConsoleCache* appCache()
-{
-    Console* console = ConsoleLink::console();
-    return console && console->cache()->record() ? console->cache() : nullptr;
-}
-
 bool isPage(int page)
 {
     return page >= 0 && page < ConsoleStateRecord::pages;
@@ -66,7 +60,7 @@ MLButtonRow::MLButtonRow(QGraphicsScene* scene)
     }
     pageName = new InPlaceEditableText(this, this, pageNameRect, 18, 8, Qt::white,
                                        Qt::AlignLeft | Qt::AlignVCenter);
-    if (const ConsoleCache* cache = appCache())
+    if (const ConsoleCache* cache = ConsoleLink::cache())
         page = cache->record()->memoryPage;
     reloadPageName();
     if (Console* console = ConsoleLink::console()) {
@@ -112,7 +106,7 @@ void MLButtonRow::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWid
 
 void MLButtonRow::reloadPageName()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const bool valid = cache && isPage(page);
     pageName->setText(valid ? cache->pageName(page, ConsoleCache::wholeBlock) : QString());
     pageName->setEditable(valid);
@@ -120,14 +114,14 @@ void MLButtonRow::reloadPageName()
 
 void MLButtonRow::textChanged(InPlaceEditableText* item, const QString& text)
 {
-    ConsoleCache* cache = appCache();
+    ConsoleCache* cache = ConsoleLink::cache();
     if (cache && item == pageName && isPage(page))
         cache->setPageName(page, ConsoleCache::wholeBlock, text);
 }
 
 void MLButtonRow::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
-    ConsoleCache* cache = appCache();
+    ConsoleCache* cache = ConsoleLink::cache();
     if (!cache || !pageArea().contains(event->pos())) {
         event->ignore();
         return;
@@ -144,7 +138,7 @@ void MLButtonRow::mousePressEvent(QGraphicsSceneMouseEvent* event)
 
 void MLButtonRow::consoleCacheConsoleStatusUpdated()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache || cache->record()->memoryPage == page)
         return;
     page = cache->record()->memoryPage;

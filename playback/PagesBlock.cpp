@@ -31,12 +31,6 @@ constexpr QColor memoryTextDim(143, 50, 50);
 constexpr QColor flagFill(53, 131, 28);
 constexpr int memoryMode = 5;
 
-ConsoleCache* appCache()
-{
-    Console* console = ConsoleLink::console();
-    return console && console->cache()->record() ? console->cache() : nullptr;
-}
-
 // A small boxed mark such as "R" or "fx".
 void paintMark(QPainter* painter, const QRectF& box, const QString& mark, const QColor& fill,
                const QColor& ink)
@@ -83,7 +77,7 @@ PagesBlock::MasterRow::MasterRow(PagesBlock* block, int page)
 
 void PagesBlock::MasterRow::refresh()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     for (int line = 0; line < maxLines; ++line) {
         InPlaceEditableText* item = names[std::size_t(line)];
         item->setText(cache ? cache->pageName(pageIndex, line) : QString());
@@ -97,7 +91,7 @@ void PagesBlock::MasterRow::paint(QPainter* painter, const QStyleOptionGraphicsI
                                   QWidget* widget)
 {
     paintHeaderSeparator(painter, option, widget);
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (cache && cache->record()->memoryPage == pageIndex) {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
@@ -114,7 +108,7 @@ void PagesBlock::MasterRow::paint(QPainter* painter, const QStyleOptionGraphicsI
 
 void PagesBlock::MasterRow::textChanged(InPlaceEditableText* item, const QString& text)
 {
-    ConsoleCache* cache = appCache();
+    ConsoleCache* cache = ConsoleLink::cache();
     const auto found = std::find(names.begin(), names.end(), item);
     if (cache && found != names.end())
         cache->setPageName(pageIndex, int(found - names.begin()), text);
@@ -128,7 +122,7 @@ PagesBlock::MasterCell::MasterCell(MasterRow* row, PagesBlock* block, int page, 
                .arg(page + 1, 2, 10, QLatin1Char('0'))
                .arg(fader + 1, 2, 10, QLatin1Char('0')))
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     sequenceKey = Console::Sequence(page, cache ? cache->faderSequence(fader) : -1);
     const qreal width = block->columnWidth();
     for (int i = 0; i < 4; ++i)
@@ -139,7 +133,7 @@ PagesBlock::MasterCell::MasterCell(MasterRow* row, PagesBlock* block, int page, 
 
 bool PagesBlock::MasterCell::holdsSequence() const
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     return cache && faderIndex >= cache->firstSequenceFader() && sequenceKey.fader >= 0 &&
            sequenceKey.fader < ConsoleStateRecord::sequenceFadersPerPage &&
            cache->stepCount(pageIndex, sequenceKey.fader) > 0;
@@ -147,7 +141,7 @@ bool PagesBlock::MasterCell::holdsSequence() const
 
 bool PagesBlock::MasterCell::holdsMemory() const
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     return cache && cache->isMemoryRecorded(pageIndex, faderIndex);
 }
 
@@ -158,7 +152,7 @@ bool PagesBlock::MasterCell::showsSequence() const
 
 bool PagesBlock::MasterCell::isActive() const
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     return cache && cache->faderMode() == memoryMode && cache->faderPage(faderIndex) == pageIndex &&
            cache->record()->faders[faderIndex].active;
 }
@@ -179,7 +173,7 @@ void PagesBlock::MasterCell::hideAll()
 
 void PagesBlock::MasterCell::refresh()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     hideAll();
     const int shown = block->lineCount();
     if (holdsSequence()) {
@@ -232,7 +226,8 @@ void PagesBlock::MasterCell::paintSequence(QPainter* painter, const QRectF& fram
     painter->setPen(ink);
     painter->drawText(QRectF(frame.x(), frame.y(), frame.width(), 14), Qt::AlignCenter, text);
 
-    const SequenceRecord* sequence = appCache()->sequenceRecord(pageIndex, sequenceKey.fader);
+    const SequenceRecord* sequence =
+        ConsoleLink::cache()->sequenceRecord(pageIndex, sequenceKey.fader);
     if (!sequence)
         return;
     QStringList marks;
@@ -252,7 +247,7 @@ void PagesBlock::MasterCell::paintSequence(QPainter* painter, const QRectF& fram
 
 void PagesBlock::MasterCell::paintMemory(QPainter* painter, const QRectF& frame)
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const bool active = isActive();
     QColor fill = memoryFill;
     fill.setAlpha(active ? 255 : 100);
@@ -283,7 +278,7 @@ void PagesBlock::MasterCell::paintMemory(QPainter* painter, const QRectF& frame)
 
 void PagesBlock::MasterCell::textChanged(InPlaceEditableText* item, const QString& text)
 {
-    ConsoleCache* cache = appCache();
+    ConsoleCache* cache = ConsoleLink::cache();
     const auto found = std::find(items.begin(), items.end(), item);
     if (!cache || found == items.end())
         return;
@@ -439,7 +434,7 @@ void PagesBlock::consoleCacheMemoryUpdated(Console::Memory memory)
 
 void PagesBlock::consoleCacheSequenceUpdated(Console::Sequence sequence)
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (sequence.isStack() || !cache)
         return;
     if (MasterCell* found = cell(sequence.page, cache->sequenceFader(sequence.fader)))

@@ -18,12 +18,6 @@ constexpr int firstLowerKey = 36;
 constexpr int firstSelectChannel = 48;
 constexpr int effectPageTwo = 24;
 
-ConsoleCache* appCache()
-{
-    Console* console = ConsoleLink::console();
-    return console && console->cache()->record() ? console->cache() : nullptr;
-}
-
 // What a legend column shows in a select mode.
 enum class Source
 {
@@ -119,7 +113,7 @@ SelectBlock::SelectBlock(QGraphicsScene* scene, int columnWidth, int gap, bool d
             new ConsoleButton(this, nullptr, firstLowerKey + c, QString::number(c + 13));
         keys[c + keysPerRow]->setPos(keyInset + x, gap + 40);
     }
-    if (const ConsoleCache* cache = appCache())
+    if (const ConsoleCache* cache = ConsoleLink::cache())
         mode = cache->selectMode();
     refresh();
     connectConsole();
@@ -172,7 +166,7 @@ void SelectBlock::refresh()
 
 void SelectBlock::refreshColumn(int column)
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     const Legend source = cache ? legendOf(mode, column, cache) : Legend();
     for (int line = 0; line < lines; ++line) {
         InPlaceEditableText* item = legend(column, line);
@@ -184,7 +178,7 @@ void SelectBlock::refreshColumn(int column)
 void SelectBlock::textChanged(::InPlaceEditableText* item, const QString& text)
 {
     auto* line = static_cast<InPlaceEditableText*>(item);
-    ConsoleCache* cache = appCache();
+    ConsoleCache* cache = ConsoleLink::cache();
     if (!cache)
         return;
     const Legend target = legendOf(mode, line->column(), cache);
@@ -208,7 +202,7 @@ void SelectBlock::textChanged(::InPlaceEditableText* item, const QString& text)
 
 void SelectBlock::consoleCachePlayLoaded()
 {
-    if (const ConsoleCache* cache = appCache())
+    if (const ConsoleCache* cache = ConsoleLink::cache())
         mode = cache->selectMode();
     refresh();
 }
@@ -240,7 +234,7 @@ void SelectBlock::consoleCachePaletteUpdated(int)
 
 void SelectBlock::consoleCacheConsoleStatusUpdated()
 {
-    const ConsoleCache* cache = appCache();
+    const ConsoleCache* cache = ConsoleLink::cache();
     if (!cache || cache->selectMode() == mode)
         return;
     mode = cache->selectMode();
