@@ -91,20 +91,23 @@ void GMButtonRow::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWid
     const ConsoleCache* cache = ConsoleLink::cache();
     const int grandMaster = cache ? cache->record()->grandMasterLevel : 0;
     const int bump = cache ? cache->record()->bumpLevel : 0;
-    painter->setFont(makeFont(family, 9));
+    // Built once: these items repaint on every level change.
+    static const QFont captionFont = makeFont(family, 9);
+    static const QFont valueFont = makeFont(family, 11, true);
+    painter->setFont(captionFont);
     painter->setPen(Qt::white);
     painter->drawText(QRectF(0, grandMasterY - valueHeight, columnWidth, valueHeight),
                       Qt::AlignCenter, tr("GM"));
     painter->drawText(QRectF(0, bumpY - valueHeight, columnWidth, valueHeight), Qt::AlignCenter,
                       tr("BUMPS"));
-    painter->setFont(makeFont(family, 11, true));
+    painter->setFont(valueFont);
     painter->setPen(grandMasterColour);
     painter->drawText(QRectF(0, grandMasterY, columnWidth, valueHeight), Qt::AlignCenter,
                       levelText(grandMaster));
     painter->setPen(bumpColour);
     painter->drawText(QRectF(0, bumpY, columnWidth, valueHeight), Qt::AlignCenter, levelText(bump));
     if (!maple) {
-        painter->setFont(makeFont(family, 9));
+        painter->setFont(captionFont);
         painter->setPen(Qt::white);
         painter->drawText(QRectF(0, pageLabelY, columnWidth, lineHeight + 2), Qt::AlignCenter,
                           tr("PAGE") + QLatin1Char(' ') + QString::number(page + 1));

@@ -94,7 +94,8 @@ void MLButtonRow::paintCaption(QPainter* painter, const QString& text, int x1, i
 
 void MLButtonRow::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
-    painter->setFont(makeFont(family, 9));
+    static const QFont captionFont = makeFont(family, 9);
+    painter->setFont(captionFont);
     painter->setPen(QPen(captionColour, 2));
     paintCaption(painter, tr("SELECT MODE"), 80, 408);
     paintCaption(painter, tr("FADER MODE"), 595, 923);

@@ -53,7 +53,8 @@ void PagesBlock::FaderNameRow::paint(QPainter* painter, const QStyleOptionGraphi
                                      QWidget* widget)
 {
     paintHeaderSeparator(painter, option, widget);
-    painter->setFont(makeFont(family, 12));
+    static const QFont nameFont = makeFont(family, 12);
+    painter->setFont(nameFont);
     painter->setPen(Qt::white);
     painter->drawText(QRectF(0, 0, table()->headerWidth() - 4, height()),
                       Qt::AlignRight | Qt::AlignVCenter, PagesBlock::tr("PAGE"));
@@ -100,7 +101,8 @@ void PagesBlock::MasterRow::paint(QPainter* painter, const QStyleOptionGraphicsI
         painter->drawRoundedRect(QRectF(2, 2, table()->headerWidth() - 4, height() - 4), 4, 4);
         painter->restore();
     }
-    painter->setFont(makeFont(family, 11));
+    static const QFont titleFont = makeFont(family, 11);
+    painter->setFont(titleFont);
     painter->setPen(Qt::white);
     painter->drawText(QRectF(0, 0, table()->headerWidth(), itemsTop), Qt::AlignCenter,
                       QString::number(pageIndex + 1));
