@@ -4,7 +4,7 @@
 #include "Cell.h"
 #include "InPlaceEditableTextHandler.h"
 #include "InPlaceLineEdit.h"
-#include "app/MakeFont.h"
+#include "MakeFont.h"
 
 #include <QFontMetricsF>
 #include <QGraphicsScene>

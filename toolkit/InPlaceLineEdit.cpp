@@ -2,7 +2,7 @@
 #include "InPlaceLineEdit.h"
 
 #include "InPlaceLineEditHandler.h"
-#include "app/MakeFont.h"
+#include "MakeFont.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>

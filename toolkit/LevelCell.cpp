@@ -4,7 +4,7 @@
 #include "CellRowTable.h"
 #include "InPlaceEditableText.h"
 #include "InPlaceLineEdit.h"
-#include "app/MakeFont.h"
+#include "MakeFont.h"
 #include "console/Console.h"
 
 #include <QGraphicsSceneMouseEvent>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "NumberCell.h"
 
-#include "app/MakeFont.h"
+#include "MakeFont.h"
 
 #include <QPainter>
 

@@ -2,8 +2,8 @@
 #include "NumberRow.h"
 
 #include "CellRowTable.h"
-#include "app/MakeFont.h"
-#include "app/Resources.h"
+#include "MakeFont.h"
+#include "Resources.h"
 
 #include <QPainter>
 

@@ -2,7 +2,7 @@
 #include "PanTiltMonitorCell.h"
 
 #include "CellRowTable.h"
-#include "app/Resources.h"
+#include "Resources.h"
 
 #include <QPainter>
 

@@ -3,8 +3,8 @@
 
 #include "CellRowTable.h"
 #include "InPlaceLineEdit.h"
-#include "app/MakeFont.h"
-#include "app/Resources.h"
+#include "MakeFont.h"
+#include "Resources.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>

@@ -2,7 +2,7 @@
 #include "ParameterRow.h"
 
 #include "CellRowTable.h"
-#include "app/MakeFont.h"
+#include "MakeFont.h"
 
 #include <QPainter>
 

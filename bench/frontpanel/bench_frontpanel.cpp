@@ -8,8 +8,8 @@
 #include "FakeEngine.h"
 #include "app/Lumidesk.h"
 #include "console/Console.h"
-#include "frontpanel/ConsoleLink.h"
 #include "frontpanel/FrontPanel.h"
+#include "toolkit/ConsoleLink.h"
 
 #include <benchmark/benchmark.h>
 

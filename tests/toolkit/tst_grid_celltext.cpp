@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Lumidesk.h"
-#include "app/MakeFont.h"
 #include "toolkit/CellText.h"
+#include "toolkit/MakeFont.h"
 
 #include <QPainter>
 #include <QTest>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Lumidesk.h"
-#include "app/MakeFont.h"
+#include "toolkit/MakeFont.h"
 #include "toolkit/Tab.h"
 #include "toolkit/TabStrip.h"
 

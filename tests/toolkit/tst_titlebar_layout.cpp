@@ -2,8 +2,8 @@
 #include "FakeEngine.h"
 
 #include "app/Lumidesk.h"
-#include "app/MakeFont.h"
 #include "console/Console.h"
+#include "toolkit/MakeFont.h"
 #include "toolkit/TitleBar.h"
 
 #include <QFontMetrics>

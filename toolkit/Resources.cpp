@@ -100,7 +100,8 @@ Resources::Resources()
     m_images.reserve(imageSpecs.size());
     for (std::size_t i = 0; i < imageSpecs.size(); ++i) {
         const ImageSpec& entry = imageSpecs[i];
-        m_images.emplace_back(folder() + QLatin1String(entry.file), nullptr, entry.mode, entry.alpha);
+        m_images.emplace_back(folder() + QLatin1String(entry.file), nullptr, entry.mode,
+                              entry.alpha);
     }
 }
 
