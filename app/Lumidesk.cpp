@@ -4,6 +4,7 @@
 #include "CITPAgent.h"
 #include "Console.h"
 #include "ConsoleEngine.h"
+#include "ConsoleLink.h"
 #include "InterfaceDialog.h"
 #include "MainWindowFactory.h"
 #include "MakeFont.h"
@@ -23,6 +24,7 @@ Lumidesk::Lumidesk(int& argc, char** argv)
       m_language(QStringLiteral("en"))
 {
     s_instance = this;
+    ConsoleLink::setApplication(this);
     setOrganizationName(QStringLiteral("Orvex"));
     setApplicationName(QStringLiteral("Lumidesk"));
     loadTranslation();
@@ -32,6 +34,7 @@ Lumidesk::Lumidesk(int& argc, char** argv)
 
 Lumidesk::~Lumidesk()
 {
+    ConsoleLink::setApplication(nullptr);
     s_instance = nullptr;
 }
 
@@ -129,10 +132,4 @@ void Lumidesk::consoleRemoved()
 {
     if (m_console && m_console->engine())
         m_console->engine()->usbDeviceRemoved();
-}
-
-int Lumidesk::currentConsoleType()
-{
-    const Console* console = currentConsole();
-    return console ? int(console->consoleType()) : int(ConsoleCache::ModelUnknown);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ApplicationHandler.h"
 #include "ConsoleChoice.h"
 #include "DeviceNotification.h"
 #include "Resources.h"
@@ -15,8 +16,9 @@
 class Console;
 
 // The application object: owns the console and the shared image set, and
-// runs the program from the console choice to the teardown.
-class Lumidesk : public QApplication
+// runs the program from the console choice to the teardown. Items below the
+// application reach it through ConsoleLink.
+class Lumidesk : public QApplication, public ApplicationHandler
 {
     Q_OBJECT
 
@@ -29,21 +31,20 @@ public:
     // The loaded console of the running application, or null (no
     // application, or no console yet).
     static Console* currentConsole() { return s_instance ? s_instance->m_console : nullptr; }
-    // The model of the current console; ModelUnknown without one.
-    static int currentConsoleType();
 
-    Console* console() const { return m_console; }
+    Console* console() const override { return m_console; }
     // Hands over a console loaded elsewhere, for tests that build one on an
     // in-process engine; the caller keeps it and clears it before deleting it.
-    void setConsole(Console* console) { m_console = console; }
-    const Resources& resources() const { return m_resources; }
+    void setConsole(Console* console) override { m_console = console; }
+    const Resources& resources() const override { return m_resources; }
 
     // The language code in use ("en" unless a catalogue was loaded at start).
-    QString language() const { return m_language; }
+    QString language() const override { return m_language; }
     // The languages the program is translated into, English first.
     static QStringList languages();
+    QStringList languageCodes() const override { return languages(); }
     // Stores the choice; it takes effect at the next start.
-    void setLanguage(const QString& code);
+    void setLanguage(const QString& code) override;
 
     // Runs the program from the console choice to the end of the event loop
     // and returns the exit code. Without a preset choice the console type

@@ -2,7 +2,8 @@
 #include "MainFrame.h"
 
 #include "ConsoleEngine.h"
-#include "Lumidesk.h"
+#include "ConsoleLink.h"
+#include "ShowItemHandler.h"
 #include "Tab.h"
 
 #include <QApplication>
@@ -26,7 +27,8 @@ constexpr quint8 normalMode = 1;
 
 } // namespace
 
-MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this), panel(this)
+MainFrame::MainFrame(QWidget* parent, const TabRegistry& views)
+    : QWidget(parent), bar(this), strip(this), panel(this)
 {
     setWindowTitle(QStringLiteral("Lumidesk"));
     connect(&bar, &TitleBar::minimizeButtonClicked, this,
@@ -39,7 +41,7 @@ MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this),
     setPalette(background);
     setAutoFillBackground(true);
 
-    buildTabs(Lumidesk::currentConsoleType());
+    buildTabs(ConsoleLink::consoleType(), views);
     if (Tab* first = strip.tab(0))
         first->activate();
     panel.raise();
@@ -50,13 +52,19 @@ MainFrame::MainFrame(QWidget* parent) : QWidget(parent), bar(this), strip(this),
     versionCheckTimer.setSingleShot(true);
     versionCheckTimer.start(versionCheckDelay);
 
-    const Console* console = Lumidesk::currentConsole();
+    const Console* console = ConsoleLink::console();
     bar.setOnline(console && console->consoleStatus() != 0);
     if (console)
         bar.setTitle(console->cache()->showFileName());
 }
 
-MainFrame::~MainFrame() = default;
+MainFrame::~MainFrame()
+{
+    // The views go first, last built first, while the title bar they were
+    // built with still exists.
+    for (int i = strip.count() - 1; i >= 0; --i)
+        delete strip.tab(i)->widget();
+}
 
 QList<int> MainFrame::tabOrder(int consoleType)
 {
@@ -75,13 +83,13 @@ QList<int> MainFrame::tabOrder(int consoleType)
     }
 }
 
-void MainFrame::buildTabs(int consoleType)
+void MainFrame::buildTabs(int consoleType, const TabRegistry& views)
 {
     tabKinds.fill(NoTab);
-    // Each view is built with (this, &bar, wideScreen()) and adds its tab
-    // here, in the order of tabOrder(consoleType), once it exists; until then
-    // the strip shows the tabs that do.
-    Q_UNUSED(consoleType);
+    const bool wide = wideScreen();
+    // A kind whose view is not written yet leaves no gap in the strip.
+    for (int kind : tabOrder(consoleType))
+        addTab(kind, views.create(kind, this, &bar, wide));
 }
 
 void MainFrame::addTab(int kind, Tab* tab)
@@ -112,7 +120,7 @@ int MainFrame::tabKind(int index) const
 
 void MainFrame::connectConsole()
 {
-    Console* console = Lumidesk::currentConsole();
+    Console* console = ConsoleLink::console();
     if (!console)
         return;
     connect(console, &Console::playLoaded, this, &MainFrame::consoleCachePlayLoaded,
@@ -190,27 +198,28 @@ void MainFrame::setFrontPanelVisible(bool visible)
         strip.refreshCurrentTab();
 }
 
-void MainFrame::selectTabOfKind(int kind)
+Tab* MainFrame::selectTabOfKind(int kind)
 {
-    strip.setCurrentTab(tabIndexOfKind(kind));
+    const int index = tabIndexOfKind(kind);
+    strip.setCurrentTab(index);
+    return strip.tab(index);
 }
 
 void MainFrame::showSequence(Console::Sequence sequence)
 {
-    selectTabOfKind(SequencesTab);
-    Q_UNUSED(sequence); // handed to the sequences view once it exists
+    if (auto* view = dynamic_cast<ShowItemHandler*>(selectTabOfKind(SequencesTab)))
+        view->showSequence(sequence);
 }
 
 void MainFrame::showMemory(int page, int memory)
 {
-    selectTabOfKind(MemoriesTab);
-    Q_UNUSED(page); // handed to the memories view once it exists
-    Q_UNUSED(memory);
+    if (auto* view = dynamic_cast<ShowItemHandler*>(selectTabOfKind(MemoriesTab)))
+        view->showMemory(page, memory);
 }
 
 int MainFrame::pageOnFader(int fader) const
 {
-    const Console* console = Lumidesk::currentConsole();
+    const Console* console = ConsoleLink::console();
     if (!console || fader < 0 || fader >= ConsoleStateRecord::maxFaders)
         return -1;
     return console->cache()->faderPage(fader);
@@ -228,7 +237,7 @@ void MainFrame::titleBarCloseButtonClicked()
 
 void MainFrame::consoleCachePlayLoaded()
 {
-    if (const Console* console = Lumidesk::currentConsole())
+    if (const Console* console = ConsoleLink::console())
         bar.setTitle(console->cache()->showFileName());
 }
 
@@ -251,15 +260,12 @@ void MainFrame::consoleCacheLumideskCommand(int type, int argument)
         selectTabOfKind(PalettesTab);
         break;
     case 3:
-        selectTabOfKind(SequencesTab);
         showSequence(Console::Sequence::makeStack());
         break;
     case 4:
-        selectTabOfKind(SequencesTab);
         showSequence(Console::Sequence(pageOnFader(argument), argument - 12));
         break;
     case 5:
-        selectTabOfKind(MemoriesTab);
         showMemory(pageOnFader(argument), argument);
         break;
     case 6:
@@ -285,7 +291,7 @@ void MainFrame::consoleCacheSystemBusyCommand(int queueLength)
 
 void MainFrame::consoleCacheConsoleVersionUpdated()
 {
-    Console* console = Lumidesk::currentConsole();
+    Console* console = ConsoleLink::console();
     if (!console || closeConfirmed)
         return;
     if (console->isVersionKnown() &&
@@ -312,7 +318,7 @@ void MainFrame::closeAfterFatalMessage(const QString& text)
 
 void MainFrame::consoleCacheConsoleStatusUpdated()
 {
-    if (const Console* console = Lumidesk::currentConsole())
+    if (const Console* console = ConsoleLink::console())
         bar.setOnline(console->consoleStatus() != 0);
 }
 
@@ -333,7 +339,7 @@ bool MainFrame::askToSave()
         return true;
     if (answer != QMessageBox::Yes)
         return false;
-    Console* console = Lumidesk::currentConsole();
+    Console* console = ConsoleLink::console();
     if (!console)
         return true;
     if (!console->cache()->showFileName().isEmpty()) {

@@ -3,6 +3,8 @@
 
 #include "Console.h"
 #include "FrontPanel.h"
+#include "FrontPanelHandler.h"
+#include "TabRegistry.h"
 #include "TabStrip.h"
 #include "TitleBar.h"
 
@@ -21,7 +23,7 @@ class Tab;
 // model, follows the console's requests to show a view, shows a wait cursor
 // while the console is busy, checks the console's version and mode, and asks
 // whether to save before it closes.
-class MainFrame : public QWidget
+class MainFrame : public QWidget, public FrontPanelHandler
 {
     Q_OBJECT
 
@@ -51,7 +53,9 @@ public:
     static constexpr int contentWidth = 1280;
     static constexpr QSize fixedSize{1280, 1024};
 
-    explicit MainFrame(QWidget* parent = nullptr);
+    // The views come from the table of tab kinds.
+    explicit MainFrame(QWidget* parent = nullptr,
+                       const TabRegistry& views = TabRegistry::standard());
     ~MainFrame() override;
 
     // The tab kinds of a console model, in strip order.
@@ -69,10 +73,9 @@ public:
     TitleBar* titleBar() { return &bar; }
     TabStrip* tabStrip() { return &strip; }
     FrontPanel* frontPanel() { return &panel; }
-    void setFrontPanelVisible(bool visible);
+    void setFrontPanelVisible(bool visible) override;
+    int frontPanelHeight() const override { return panel.frameGeometry().height(); }
 
-    // Appends a view's tab and records its kind at the new index.
-    void addTab(int kind, Tab* tab);
     int tabIndexOfKind(int kind) const;
     int tabKind(int index) const;
     void showSequence(Console::Sequence sequence);
@@ -94,9 +97,11 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void buildTabs(int consoleType);
+    void buildTabs(int consoleType, const TabRegistry& views);
+    void addTab(int kind, Tab* tab);
     void connectConsole();
-    void selectTabOfKind(int kind);
+    // The view behind the tab of kind after making it current, or null.
+    Tab* selectTabOfKind(int kind);
     void closeAfterFatalMessage(const QString& text);
     bool askToSave();
     // The page a fader has loaded, or -1 for a fader the console lacks.

@@ -2,7 +2,7 @@
 #include "CellRowTable.h"
 
 #include "CellRow.h"
-#include "app/Lumidesk.h"
+#include "ConsoleLink.h"
 
 #include <QGraphicsScene>
 #include <QPainter>
@@ -15,8 +15,7 @@ namespace {
 // that draw images then draw none.
 const Resources* sharedResources()
 {
-    const Lumidesk* application = Lumidesk::instance();
-    return application ? &application->resources() : nullptr;
+    return ConsoleLink::resources();
 }
 
 } // namespace

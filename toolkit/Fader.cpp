@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Fader.h"
 
+#include "ConsoleLink.h"
 #include "FaderHandler.h"
-#include "Lumidesk.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
@@ -26,8 +26,8 @@ QColor withAlpha(QColor colour, int alpha)
 // outside the application.
 const QImage* knobImage()
 {
-    const Lumidesk* app = Lumidesk::instance();
-    return app ? &app->resources().image(Resources::Id::FaderKnobDark) : nullptr;
+    const Resources* images = ConsoleLink::resources();
+    return images ? &images->image(Resources::Id::FaderKnobDark) : nullptr;
 }
 } // namespace
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TitleBar.h"
 
+#include "ApplicationHandler.h"
 #include "Console.h"
-#include "Lumidesk.h"
-#include "MainFrame.h"
+#include "ConsoleLink.h"
+#include "FrontPanelHandler.h"
 #include "MakeFont.h"
 #include "TitleBarHandler.h"
 
@@ -32,10 +33,9 @@ constexpr int titleLeft = 40;
 constexpr int step = 32;
 constexpr int gap = 34;
 
-
 QString currentLanguage()
 {
-    Lumidesk* app = Lumidesk::instance();
+    const ApplicationHandler* app = ConsoleLink::application();
     return app ? app->language() : QStringLiteral("en");
 }
 
@@ -100,7 +100,7 @@ TitleBar::DMXInputIndicator::DMXInputIndicator()
 void TitleBar::DMXInputIndicator::paint(QPainter* painter, const QStyleOptionGraphicsItem*,
                                         QWidget*)
 {
-    const Console* console = Lumidesk::currentConsole();
+    const Console* console = ConsoleLink::console();
     const ConsoleStateRecord* record = console ? console->cache()->record() : nullptr;
     painter->drawPixmap(5, 14, record && record->dmxInputValid ? good : bad);
 
@@ -133,7 +133,7 @@ QString TitleBar::consoleIcon(int consoleType)
 }
 
 TitleBar::TitleBar(QWidget* mainWindow)
-    : QGraphicsView(mainWindow), mainWindow(mainWindow), consoleType(Lumidesk::currentConsoleType()),
+    : QGraphicsView(mainWindow), mainWindow(mainWindow), consoleType(ConsoleLink::consoleType()),
       title(makeFont(QStringLiteral("System"), 14, true)),
       captureButton(nullptr, &itemScene, this, Button::ButtonStyle::TitleBarStyle, false,
                     iconPath("TitleBarCaptureButton.png"), iconKey),
@@ -388,22 +388,25 @@ void TitleBar::captureClicked()
         return;
     QRect area = mainWindow->frameGeometry();
     area.setTop(area.top() + frameGeometry().height());
-    if (auto* frame = qobject_cast<MainFrame*>(mainWindow))
-        area.setBottom(area.bottom() - frame->frontPanel()->frameGeometry().height());
+    if (const auto* frame = dynamic_cast<FrontPanelHandler*>(mainWindow))
+        area.setBottom(area.bottom() - frame->frontPanelHeight());
     visualiserFinder.toggle(area);
 }
 
 void TitleBar::consoleClicked()
 {
-    if (auto* frame = qobject_cast<MainFrame*>(mainWindow))
+    if (auto* frame = dynamic_cast<FrontPanelHandler*>(mainWindow))
         frame->setFrontPanelVisible(consoleButton.isDown());
 }
 
 void TitleBar::languageClicked()
 {
-    const QString current = currentLanguage();
+    ApplicationHandler* app = ConsoleLink::application();
+    if (!app)
+        return;
+    const QString current = app->language();
     QMenu menu(this);
-    for (const QString& code : Lumidesk::languages()) {
+    for (const QString& code : app->languageCodes()) {
         QAction* action = menu.addAction(code);
         action->setData(code);
         if (code == current) {
@@ -415,8 +418,7 @@ void TitleBar::languageClicked()
     if (!chosen)
         return;
     const QString code = chosen->data().toString();
-    Lumidesk* app = Lumidesk::instance();
-    if (code == current || !app)
+    if (code == current)
         return;
     app->setLanguage(code);
     QMessageBox::information(

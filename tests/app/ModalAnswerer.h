@@ -3,30 +3,21 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
 #include <QFileDialog>
-#include <QList>
 #include <QMessageBox>
 #include <QPointer>
+#include <QTest>
 #include <QTimer>
 
 #include <functional>
 
-// Answers the modal dialogs a test provokes, one answer per dialog in order,
-// and remembers what each one said. The answers run from the event loop of
-// the dialog itself, as a user's clicks would.
+// Answers the modal dialogs a test provokes, one answer per dialog in order
+// (rejecting any beyond them), and remembers what each one said. The answers
+// run from the event loop of the dialog itself, as a user's clicks would.
 class ModalAnswerer : public QObject
 {
 public:
     using Answer = std::function<void(QDialog*)>;
-
-    struct Seen
-    {
-        QString title;
-        QString text;
-        QString className;
-    };
-
     explicit ModalAnswerer(QList<Answer> answers) : answers(std::move(answers))
     {
         connect(&poll, &QTimer::timeout, this, &ModalAnswerer::look);
@@ -37,22 +28,23 @@ public:
     {
         return [button](QDialog* dialog) {
             auto* box = qobject_cast<QMessageBox*>(dialog);
-            if (box && box->button(button))
-                box->button(button)->click();
-            else
-                dialog->reject();
+            box && box->button(button) ? box->button(button)->click() : dialog->reject();
+        };
+    }
+    // Clicks the dialog's button of that object name.
+    static Answer click(const QString& name)
+    {
+        return [name](QDialog* dialog) {
+            auto* button = dialog->findChild<QAbstractButton*>(name);
+            button ? QTest::mouseClick(button, Qt::LeftButton) : dialog->reject();
         };
     }
     static Answer chooseFile(const QString& path)
     {
         return [path](QDialog* dialog) {
-            auto* files = qobject_cast<QFileDialog*>(dialog);
-            if (!files) {
-                dialog->reject();
-                return;
-            }
-            files->selectFile(path);
-            static_cast<QDialog*>(files)->accept();
+            if (auto* files = qobject_cast<QFileDialog*>(dialog))
+                files->selectFile(path);
+            dialog->accept();
         };
     }
     static Answer cancel()
@@ -60,8 +52,8 @@ public:
         return [](QDialog* dialog) { dialog->reject(); };
     }
 
-    QList<Seen> seen;
-    int pending() const { return int(answers.size()); }
+    // "title: text" of every dialog seen, in order.
+    QStringList seen;
 
 private:
     void look()
@@ -71,13 +63,8 @@ private:
             return;
         last = dialog;
         const auto* box = qobject_cast<QMessageBox*>(dialog);
-        seen.append({dialog->windowTitle(), box ? box->text() : QString(),
-                     QString::fromLatin1(dialog->metaObject()->className())});
-        if (answers.isEmpty()) {
-            dialog->reject();
-            return;
-        }
-        answers.takeFirst()(dialog);
+        seen << dialog->windowTitle() + QStringLiteral(": ") + (box ? box->text() : QString());
+        answers.isEmpty() ? dialog->reject() : answers.takeFirst()(dialog);
     }
 
     QList<Answer> answers;

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "TabRegistry.h"
+
+const TabRegistry& TabRegistry::standard()
+{
+    // Each editor view adds its factory to this table as it is written.
+    static const TabRegistry views;
+    return views;
+}
+
+void TabRegistry::setFactory(int kind, Factory factory)
+{
+    if (kind > 0 && kind < kindCount)
+        factories[std::size_t(kind)] = std::move(factory);
+}
+
+Tab* TabRegistry::create(int kind, MainFrame* window, TitleBar* bar, bool wide) const
+{
+    if (kind <= 0 || kind >= kindCount || !factories[std::size_t(kind)])
+        return nullptr;
+    return factories[std::size_t(kind)](window, bar, wide);
+}
