@@ -299,7 +299,6 @@ void MainFrame::consoleCacheConsoleVersionUpdated()
         closeAfterFatalMessage(
             tr("The console software version does not match the Lumidesk software version.\n"
                "Please update one or both sides to a matching version."));
-        return;
     }
     const ConsoleStateRecord* record = console->cache()->record();
     if (console->consoleType() != ConsoleCache::ModelMaple && record &&

@@ -24,10 +24,11 @@ struct FontSubstitute
 };
 
 // The proprietary families cannot be shipped; these free ones take their place.
-constexpr std::array<FontSubstitute, 3> substitutes{{
+constexpr std::array<FontSubstitute, 4> substitutes{{
     {"Gill Sans MT", "Gillius ADF"},
     {"Courier New", "Liberation Mono"},
     {"Verdana", "DejaVu Sans"},
+    {"System", "DejaVu Sans"}, // the title bar's title
 }};
 
 constexpr std::array<const char*, 6> fontFiles{{

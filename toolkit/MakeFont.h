@@ -9,7 +9,7 @@
 QFont makeFont(const QString& family, double points, bool bold = false);
 
 // Registers the compiled-in fonts and maps the family names the program uses
-// ("Gill Sans MT", "Courier New", "Verdana") onto them, so that text looks the
+// ("Gill Sans MT", "Courier New", "Verdana", "System") onto them, so that text looks the
 // same whether or not a font is installed on the machine. Returns the number
 // of font files that could be registered.
 int installApplicationFonts();

@@ -318,6 +318,8 @@ void TestMainFrame::versionAndModeChecks_data()
         << ConsoleCache::ModelAlder << "0.9" << 1 << QStringList{mismatch};
     QTest::newRow("cedar not in normal mode")
         << ConsoleCache::ModelCedar << same << 2 << QStringList{normal};
+    QTest::newRow("other version, not normal: both said")
+        << ConsoleCache::ModelBirch << "0.9" << 0 << QStringList{mismatch, normal};
     QTest::newRow("maple has no mode") << ConsoleCache::ModelMaple << same << 0 << QStringList();
 }
 
