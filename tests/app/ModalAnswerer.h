@@ -11,9 +11,8 @@
 
 #include <functional>
 
-// Answers the modal dialogs a test provokes, one answer per dialog in order
-// (rejecting any beyond them), and remembers what each one said. The answers
-// run from the event loop of the dialog itself, as a user's clicks would.
+// Answers the modal dialogs a test provokes in order from the dialog's own
+// event loop, as a user would, rejecting any beyond the answers given.
 class ModalAnswerer : public QObject
 {
 public:
@@ -31,7 +30,6 @@ public:
             box && box->button(button) ? box->button(button)->click() : dialog->reject();
         };
     }
-    // Clicks the dialog's button of that object name.
     static Answer click(const QString& name)
     {
         return [name](QDialog* dialog) {
@@ -47,10 +45,7 @@ public:
             dialog->accept();
         };
     }
-    static Answer cancel()
-    {
-        return [](QDialog* dialog) { dialog->reject(); };
-    }
+    static Answer cancel() { return &QDialog::reject; }
 
     // "title: text" of every dialog seen, in order.
     QStringList seen;

@@ -11,7 +11,6 @@
 #include "views/ShowItemHandler.h"
 
 #include <QDir>
-#include <QPointer>
 #include <QTest>
 
 #include <memory>
@@ -44,12 +43,6 @@ public:
     QStringList& log;
 };
 
-void deliverQueued()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-}
-
 } // namespace
 
 class TestMainFrame : public QObject
@@ -69,11 +62,9 @@ private slots:
     void closeQuestion();
     void versionAndModeChecks_data();
     void versionAndModeChecks();
-    void consoleButtonShowsTheFrontPanel();
 
 private:
-    // A window on a console of the model whose registry has views for the
-    // given kinds (all when empty).
+    // A window whose registry has views for the given kinds (all when empty).
     MainFrame& makeFrame(Model model, QList<int> kinds = {}, const QString& version = {},
                          int mode = 1);
 
@@ -111,7 +102,7 @@ MainFrame& TestMainFrame::makeFrame(Model model, QList<int> kinds, const QString
             });
     }
     frame = std::make_unique<MainFrame>(nullptr, views);
-    deliverQueued();
+    QCoreApplication::processEvents();
     return *frame;
 }
 
@@ -127,16 +118,21 @@ void TestMainFrame::layout()
 {
     QFETCH(int, width);
     QFETCH(QRect, content);
-    MainFrame& window = makeFrame(ConsoleCache::ModelCedar);
+    MainFrame& window = makeFrame(ConsoleCache::ModelMaple);
     window.resize(width, 800);
     window.show();
     QCOMPARE(window.titleBar()->geometry(), QRect(0, 0, width, 33));
-    // The strip's top row is the title bar's bottom row.
     QCOMPARE(window.tabStrip()->geometry(), QRect(0, 32, width, 25));
-    QCOMPARE(window.tabStrip()->count(), 8);
+    QCOMPARE(window.tabStrip()->count(), 11);
     for (int i = 0; i < window.tabStrip()->count(); ++i)
         QCOMPARE(window.tabStrip()->tab(i)->widget()->geometry(), content);
     QCOMPARE(window.frontPanel()->geometry(), QRect((width - 1280) / 2, 800 - 459, 1280, 459));
+    // The title bar's console button shows and hides it.
+    const QGraphicsItem* button = window.titleBar()->item(TitleBar::Item::Console);
+    SceneMouse(*window.titleBar()->scene()).click(button->scenePos() + QPointF(10, 10));
+    QVERIFY(window.frontPanel()->isVisible());
+    SceneMouse(*window.titleBar()->scene()).click(button->scenePos() + QPointF(10, 10));
+    QVERIFY(!window.frontPanel()->isVisible());
     // The fixed size needs more than 1024 free rows.
     QVERIFY(!MainFrame::fitsFixedSize(QRect(0, 0, width, 1024)));
     QCOMPARE(MainFrame::fitsFixedSize(QRect(0, 0, width, 1025)), width >= 1280);
@@ -163,20 +159,13 @@ void TestMainFrame::tabSetPerModel()
     QFETCH(QString, strip);
     MainFrame& window = makeFrame(model, registered);
     QStringList titles;
-    for (int i = 0; i < window.tabStrip()->count(); ++i) {
+    for (int i = 0; i < window.tabStrip()->count(); ++i)
         titles << window.tabStrip()->tab(i)->title();
-        QCOMPARE(window.tabKind(i), titles.last().toInt());
-        QCOMPARE(window.tabIndexOfKind(titles.last().toInt()), i);
-    }
     QCOMPARE(titles.join(QLatin1Char(' ')), strip);
     QCOMPARE(factoryBar, window.titleBar());
     // Only the first tab is activated, and it is current.
     QCOMPARE(log, QStringList{QStringLiteral("activate ") + titles.first()});
     QCOMPARE(window.tabStrip()->currentIndex(), 0);
-    // The window deletes its views.
-    QPointer<QWidget> first = window.tabStrip()->tab(0)->widget();
-    frame.reset();
-    QVERIFY(first.isNull());
 }
 
 void TestMainFrame::consoleAsksForAView_data()
@@ -186,8 +175,7 @@ void TestMainFrame::consoleAsksForAView_data()
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("currentAfter");
     QTest::addColumn<QString>("handed"); // what the view was asked to show
-    // Alder tabs: 1 4 6 7 10 11 12; Maple: 1 3 4 6 7 2 8 9 10 11 12.
-    // Fader 14 has page 5 loaded.
+    // Alder tabs: 1 4 6 7 10 11 12; Maple: 1 3 4 6 7 2 8 9 10 11 12; fader 14 on page 5.
     const Model alder = ConsoleCache::ModelAlder;
     const Model maple = ConsoleCache::ModelMaple;
     QTest::newRow("view key on the first tab, Alder: none") << alder << 0 << 0 << 0 << "";
@@ -213,14 +201,12 @@ void TestMainFrame::consoleAsksForAView()
     window.tabStrip()->setCurrentTab(currentBefore);
     log.clear();
     engine->notify(ConsoleCode::System, SystemCode::LumideskCommand, type, 14);
-    deliverQueued();
+    QCoreApplication::processEvents();
     QCOMPARE(window.tabStrip()->currentIndex(), currentAfter);
     const QStringList shown = log.filter(QRegularExpression(QStringLiteral("^(memory|sequence)")));
     QCOMPARE(shown.join(QLatin1Char(',')), handed);
 }
 
-// Show file name and connection to the title bar, the engine's queue length
-// to the cursor.
 void TestMainFrame::consoleReportsReachTheWindow()
 {
     MainFrame& window = makeFrame(ConsoleCache::ModelBirch);
@@ -229,7 +215,7 @@ void TestMainFrame::consoleReportsReachTheWindow()
     engine->notify(ConsoleCode::ShowFileNameChanged);
     engine->record()->consoleStatus = 1;
     engine->notify(ConsoleCode::ConsoleStatusChanged);
-    deliverQueued();
+    QCoreApplication::processEvents();
     QCOMPARE(window.titleBar()->titleItem().text(), QStringLiteral("C:/Shows/Summer Gala.asc"));
     QCOMPARE(window.titleBar()->onlineState(), QStringLiteral("Online"));
     engine->setShowFileName(QStringLiteral("C:/Shows/Winter.asc"));
@@ -237,7 +223,7 @@ void TestMainFrame::consoleReportsReachTheWindow()
     engine->notify(ConsoleCode::System, SystemCode::BulkEnd);
     const auto report = [this](int queueLength) {
         engine->notify(ConsoleCode::System, SystemCode::Busy, queueLength, 0);
-        deliverQueued();
+        QCoreApplication::processEvents();
     };
     report(10);
     QCOMPARE(window.titleBar()->titleItem().text(), QStringLiteral("C:/Shows/Winter.asc"));
@@ -259,20 +245,19 @@ void TestMainFrame::closeQuestion_data()
     QTest::addColumn<QString>("showFile");
     QTest::addColumn<QList<ModalAnswerer::Answer>>("answers");
     QTest::addColumn<bool>("closed");
-    QTest::addColumn<int>("saves"); // saveShow and saveShowAs
-    QTest::addColumn<QString>("savedAs");
+    QTest::addColumn<QString>("saved"); // saves made, and the name given to save as
     const QString chosen = QDir::temp().filePath(QStringLiteral("Panto"));
     const QString none;
     using A = QList<ModalAnswerer::Answer>;
     const ModalAnswerer::Answer yes = ModalAnswerer::press(QMessageBox::Yes);
-    QTest::newRow("no") << none << A{ModalAnswerer::press(QMessageBox::No)} << true << 0 << none;
-    QTest::newRow("cancel") << none << A{ModalAnswerer::press(QMessageBox::Cancel)} << false << 0
-                            << none;
-    QTest::newRow("yes: saved") << "C:/Gala.asc" << A{yes} << true << 1 << none;
+    QTest::newRow("no") << none << A{ModalAnswerer::press(QMessageBox::No)} << true << "0 ";
+    QTest::newRow("cancel") << none << A{ModalAnswerer::press(QMessageBox::Cancel)} << false
+                            << "0 ";
+    QTest::newRow("yes: saved") << "C:/Gala.asc" << A{yes} << true << "1 ";
     QTest::newRow("yes, new show, no name: stays")
-        << none << A{yes, ModalAnswerer::cancel()} << false << 0 << none;
+        << none << A{yes, ModalAnswerer::cancel()} << false << "0 ";
     QTest::newRow("yes, new show, name chosen: saved as")
-        << none << A{yes, ModalAnswerer::chooseFile(chosen)} << true << 1 << chosen + ".asc";
+        << none << A{yes, ModalAnswerer::chooseFile(chosen)} << true << "1 " + chosen + ".asc";
 }
 
 void TestMainFrame::closeQuestion()
@@ -280,8 +265,7 @@ void TestMainFrame::closeQuestion()
     QFETCH(QString, showFile);
     QFETCH(QList<ModalAnswerer::Answer>, answers);
     QFETCH(bool, closed);
-    QFETCH(int, saves);
-    QFETCH(QString, savedAs);
+    QFETCH(QString, saved);
 #ifdef __SANITIZE_THREAD__
     // Qt's file dialog reads the folder on a thread of its own inside the
     // uninstrumented Qt libraries, which the thread sanitizer reports as races.
@@ -296,8 +280,7 @@ void TestMainFrame::closeQuestion()
     QCOMPARE(answerer.seen.size(), answers.size());
     QCOMPARE(answerer.seen.first(),
              QStringLiteral("Exit Lumidesk: Would you like to save your data first?"));
-    QCOMPARE(engine->saves(), saves);
-    QCOMPARE(engine->lastShowFileName(), savedAs);
+    QCOMPARE(QString::number(engine->saves()) + ' ' + engine->lastShowFileName(), saved);
 }
 
 void TestMainFrame::versionAndModeChecks_data()
@@ -306,20 +289,17 @@ void TestMainFrame::versionAndModeChecks_data()
     QTest::addColumn<QString>("consoleVersion"); // empty: the engine's own
     QTest::addColumn<int>("mode");
     QTest::addColumn<QStringList>("messages");
-    const QString mismatch = QStringLiteral(
-        "Connection error: The console software version does not match the Lumidesk software "
-        "version.\nPlease update one or both sides to a matching version.");
-    const QString normal = QStringLiteral("Connection error: The Glowcraft console must be running "
-                                          "in Normal mode in order to connect to Lumidesk.");
     const QString same;
-    QTest::newRow("matching, normal mode")
-        << ConsoleCache::ModelAlder << same << 1 << QStringList();
+    const QString version = QStringLiteral("Connection error: The console software version does not"
+                                           " match the Lumidesk software version.\nPlease update"
+                                           " one or both sides to a matching version.");
+    const QString mode = QStringLiteral("Connection error: The Glowcraft console must be running in"
+                                        " Normal mode in order to connect to Lumidesk.");
+    QTest::newRow("matching, normal") << ConsoleCache::ModelAlder << same << 1 << QStringList();
     QTest::newRow("other version")
-        << ConsoleCache::ModelAlder << "0.9" << 1 << QStringList{mismatch};
-    QTest::newRow("cedar not in normal mode")
-        << ConsoleCache::ModelCedar << same << 2 << QStringList{normal};
-    QTest::newRow("other version, not normal: both said")
-        << ConsoleCache::ModelBirch << "0.9" << 0 << QStringList{mismatch, normal};
+        << ConsoleCache::ModelAlder << "0.9" << 1 << QStringList{version};
+    QTest::newRow("both wrong: both said")
+        << ConsoleCache::ModelBirch << "0.9" << 0 << QStringList{version, mode};
     QTest::newRow("maple has no mode") << ConsoleCache::ModelMaple << same << 0 << QStringList();
 }
 
@@ -333,30 +313,13 @@ void TestMainFrame::versionAndModeChecks()
         {ModalAnswerer::press(QMessageBox::Ok), ModalAnswerer::press(QMessageBox::Ok)});
     MainFrame& window = makeFrame(model, {}, consoleVersion, mode);
     window.show();
-    // The check runs shortly after the window is built, from its own timer.
     QTest::qWait(100);
     QTRY_COMPARE(answerer.seen, messages);
     // A failed check closes the window without the save question, once.
     QCOMPARE(window.isVisible(), messages.isEmpty());
     engine->notify(ConsoleCode::VersionKnown);
-    deliverQueued();
+    QCoreApplication::processEvents();
     QCOMPARE(answerer.seen, messages);
-}
-
-void TestMainFrame::consoleButtonShowsTheFrontPanel()
-{
-    MainFrame& window = makeFrame(ConsoleCache::ModelMaple);
-    window.resize(1600, 1000);
-    window.show();
-    SceneMouse mouse(*window.titleBar()->scene());
-    const QPointF console =
-        window.titleBar()->item(TitleBar::Item::Console)->scenePos() + QPointF(10, 10);
-    QVERIFY(!window.frontPanel()->isVisible());
-    mouse.click(console);
-    QVERIFY(window.frontPanel()->isVisible());
-    QCOMPARE(window.frontPanel()->pos(), QPoint(160, 1000 - 459));
-    mouse.click(console);
-    QVERIFY(!window.frontPanel()->isVisible());
 }
 
 int main(int argc, char** argv)

@@ -17,8 +17,6 @@ private slots:
     void pixelModes_data();
     void pixelModes();
     void everyImageLoads();
-    void parameterIcon_data();
-    void parameterIcon();
     void familiesResolveToCompiledInFonts_data();
     void familiesResolveToCompiledInFonts();
 };
@@ -29,19 +27,15 @@ void TestResources::pixelModes_data()
     QTest::addColumn<int>("alpha");
     QTest::addColumn<QRgb>("source");
     QTest::addColumn<QRgb>("expected");
-    QTest::newRow("opaque: colour kept")
-        << 0 << 255 << qRgba(64, 200, 10, 128) << qRgba(64, 200, 10, 255);
-    QTest::newRow("key: luminance 50 vanishes")
+    QTest::newRow("opaque") << 0 << 255 << qRgba(64, 200, 10, 128) << qRgba(64, 200, 10, 255);
+    QTest::newRow("key: l 50 vanishes")
         << 1 << 255 << qRgba(50, 50, 50, 255) << qRgba(50, 50, 50, 0);
-    QTest::newRow("key: luminance 51 kept")
-        << 1 << 255 << qRgba(51, 51, 51, 255) << qRgba(51, 51, 51, 255);
-    QTest::newRow("key: pure blue is dark by weight")
-        << 1 << 255 << qRgba(0, 0, 255, 255) << qRgba(0, 0, 255, 0);
-    QTest::newRow("key: alpha replaced, not scaled")
+    QTest::newRow("key: l 51 kept") << 1 << 255 << qRgba(51, 51, 51, 255) << qRgba(51, 51, 51, 255);
+    QTest::newRow("key: blue is dark") << 1 << 255 << qRgba(0, 0, 255, 255) << qRgba(0, 0, 255, 0);
+    QTest::newRow("key: alpha replaced")
         << 1 << 100 << qRgba(64, 200, 10, 128) << qRgba(64, 200, 10, 100);
-    QTest::newRow("grey: red is transparent")
-        << 2 << 255 << qRgba(255, 0, 0, 255) << qRgba(0, 0, 0, 0);
-    QTest::newRow("grey: grey from green, alpha from red, scaled")
+    QTest::newRow("grey: red is clear") << 2 << 255 << qRgba(255, 0, 0, 255) << qRgba(0, 0, 0, 0);
+    QTest::newRow("grey from green, alpha from red, scaled")
         << 2 << 128 << qRgba(64, 200, 10, 128) << qRgba(200, 200, 200, 191 * 128 / 255);
 }
 
@@ -73,27 +67,6 @@ void TestResources::everyImageLoads()
     QCOMPARE(qAlpha(full.pixel(centre)), 255);
     QCOMPARE(qAlpha(dim.pixel(centre)), 128);
     QCOMPARE(qGreen(dim.pixel(centre)), qGreen(full.pixel(centre)));
-}
-
-void TestResources::parameterIcon_data()
-{
-    QTest::addColumn<int>("parameter");
-    QTest::addColumn<int>("icon"); // -1: none
-    QTest::newRow("4, colour mix, has none") << 4 << -1;
-    QTest::newRow("5 first with one") << 5 << int(Id::Wheel1);
-    QTest::newRow("19 second gobo wheel shares mode") << 19 << int(Id::GoboMode);
-    QTest::newRow("39 shutter 2b") << 39 << int(Id::Shutter2b);
-    QTest::newRow("47 last with one") << 47 << int(Id::Macro3);
-    QTest::newRow("48 has none") << 48 << -1;
-}
-
-void TestResources::parameterIcon()
-{
-    QFETCH(int, parameter);
-    QFETCH(int, icon);
-    static const Resources resources;
-    const Resources::Image* image = resources.parameterIcon(parameter);
-    QCOMPARE(image, icon < 0 ? nullptr : &resources.image(Id(icon)));
 }
 
 void TestResources::familiesResolveToCompiledInFonts_data()
