@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Console::load against the engine libraries, opened by bare name: the four
-// models, libraries that are no engine, and a console of another version.
+// models, libraries that are no engine, a console of another version, and
+// the handshake with an engine that takes a while to get ready.
 #include "Console.h"
 #include "ConsoleEngine.h"
+#include "FakeEngine.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -23,6 +25,8 @@ private slots:
     void loadFailures_data();
     void loadFailures();
     void versionMismatch();
+    void handshake_data();
+    void handshake();
 };
 
 void TestConsoleLoad::initTestCase()
@@ -103,6 +107,36 @@ void TestConsoleLoad::versionMismatch()
     QVERIFY(console);
     QCOMPARE(int(console->consoleType()), int(ConsoleCache::ModelBirch));
     console->unload();
+}
+
+void TestConsoleLoad::handshake_data()
+{
+    QTest::addColumn<int>("versionChecks"); // until ready; 0: ready when started
+    QTest::addColumn<QString>("consoleVersion");
+    QTest::addColumn<bool>("loads");
+    QTest::newRow("ready when started") << 0 << "1.0" << true;
+    QTest::newRow("ready after three polls") << 3 << "1.0" << true;
+    QTest::newRow("another console version") << 3 << "0.9" << false;
+}
+
+void TestConsoleLoad::handshake()
+{
+    QFETCH(int, versionChecks);
+    QFETCH(QString, consoleVersion);
+    QFETCH(bool, loads);
+    FakeEngine engine;
+    engine.setConsoleVersion(consoleVersion);
+    engine.setReadyOnStart(versionChecks == 0);
+    engine.setReadyAfterVersionChecks(versionChecks);
+    Console::LoadError error = Console::LoadError(-1);
+    Console* console = Console::start(nullptr, &engine, 0, 0, &error);
+    QCOMPARE(console != nullptr, loads);
+    QCOMPARE(int(error), loads ? -1 : int(Console::VersionMismatch));
+    if (console) {
+        QVERIFY(console->isReady());
+        QCOMPARE(console->cache()->channelCount(), 48);
+        console->unload();
+    }
 }
 
 QTEST_GUILESS_MAIN(TestConsoleLoad)
