@@ -54,7 +54,6 @@ private slots:
     void cleanup();
     void notificationTable_data();
     void notificationTable();
-    void readyCopiesCounts();
     void bulkChangeSuspendsEverything();
     void hookPass_data();
     void hookPass();
@@ -151,21 +150,6 @@ void TestConsoleNotify::notificationTable()
     QCOMPARE(m_engine->updates(), QList<Call>{});
 }
 
-void TestConsoleNotify::readyCopiesCounts()
-{
-    FakeEngine engine(ConsoleCache::ModelMaple);
-    engine.setReadyOnStart(false);
-    std::unique_ptr<Console> console(engine.createConsole());
-    QVERIFY(!console->isReady());
-    engine.notify(ConsoleCode::Ready);
-    QVERIFY(console->isReady());
-    const ConsoleCache* cache = console->cache();
-    QCOMPARE(cache->channelCount(), 72);
-    QCOMPARE(cache->pageCount(), 12);
-    QCOMPARE(cache->firstDeviceChannel(), 48);
-    QCOMPARE(cache->firstSequenceFader(), 12);
-}
-
 void TestConsoleNotify::bulkChangeSuspendsEverything()
 {
     m_console->appendHook(new ProbeHook(&m_log, "patch", ConsoleCode::PatchChanged));
@@ -239,8 +223,6 @@ void TestConsoleNotify::insertStep_data()
     QTest::newRow("sequence, 2 for it") << 3 << 7 << 5 << true << Call{2, 3, 7, 0} << true;
     QTest::newRow("sequence, 2 for another fader")
         << 3 << 7 << 5 << true << Call{2, 3, 8, 0} << false;
-    QTest::newRow("sequence, 2 for another page")
-        << 3 << 7 << 5 << true << Call{2, 4, 7, 0} << false;
     QTest::newRow("sequence, 4 for the step") << 3 << 7 << 5 << true << Call{4, 2, 0, 0} << false;
     QTest::newRow("sequence, 2 before the engine made the step")
         << 3 << 7 << 5 << false << Call{2, 3, 7, 0} << false;

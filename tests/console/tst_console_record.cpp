@@ -44,6 +44,7 @@ QString line(const QString& text)
     QByteArray bytes(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
     return QString::fromLatin1(bytes.append(QByteArray(14 - bytes.size(), '\0')).toHex(' '));
 }
+
 Reader colour(int model, int keepMask, std::array<int, 7> values, bool invert)
 {
     return [=](ConsoleStateRecord& r, ConsoleCache& c) {
@@ -53,18 +54,6 @@ Reader colour(int model, int keepMask, std::array<int, 7> values, bool invert)
     };
 }
 
-Reader moves(int page, int from, int to)
-{
-    return [=](ConsoleStateRecord&, ConsoleCache& c) {
-        c.moveStep(page, page == -1 ? -1 : 2, from, to, 99);
-        QStringList calls;
-        for (const FakeEngine::Call& call :
-             static_cast<FakeEngine*>(c.console()->engine())->updates())
-            calls.append(
-                QStringLiteral("%1 %2 %3 %4").arg(call.code).arg(call.a).arg(call.b).arg(call.c));
-        return calls.join(u'/');
-    };
-}
 } // namespace
 
 Q_DECLARE_METATYPE(Reader)
@@ -112,7 +101,7 @@ void TestConsoleRecord::reads_data()
     const auto row = [](const char* name, QString expected, Reader read) {
         QTest::newRow(name) << maple << read << expected;
     };
-    const auto helper = [](const char* name, int model, Reader read, QString expected) {
+    const auto helper = [](const char* name, int model, QString expected, Reader read) {
         QTest::newRow(name) << model << read << expected;
     };
     using R = ConsoleStateRecord;
@@ -191,67 +180,30 @@ void TestConsoleRecord::reads_data()
         return join(c.playbackIndex(4, 3), c.playbackIndex(5, 3)) + u'/' +
                QString::number(c.playbackIndex(-1, -1));
     });
-    const auto time = [](int tenths) {
-        return [tenths](R&, C&) { return C::timeText(quint16(tenths)); };
-    };
-    helper("time 2.5", alder, time(25), "2.5");
-    helper("time 3 without tenths", alder, time(30), "3");
-    helper("time 10.5 truncates", alder, time(105), "10");
-    helper("time 59.1 in minutes", alder, time(591), "0:59");
-    helper("time largest", alder, time(65535), "109:13");
-    const auto parse = [](const char* text) {
-        return [text](R&, C&) { return C::parseTime(QString::fromLatin1(text)); };
-    };
-    helper("parse 1:30", alder, parse("1:30"), "900");
-    helper("parse skips letters, last tenth wins", alder, parse("1s 5.27"), "157");
-    helper("parse minutes and tenths", alder, parse("2:10.4"), "1304");
-    helper("parse too long keeps the longest", alder, parse("999:00"), "65535");
-    const auto level = [](int value, bool fullAsF) {
-        return [=](R&, C&) { return C::formatLevel(value, fullAsF); };
-    };
-    helper("level 2 rounds to 1", alder, level(2, true), "1");
-    helper("level 128", alder, level(128, true), "50");
-    helper("level 254 reads full", alder, level(254, true), "F");
-    helper("level 255 as number", alder, level(255, false), "100");
-    const auto typed = [](const char* text) {
-        return [text](R&, C&) {
-            return C::levelFromPercentText(QString::fromLatin1(text)).value_or(-1);
-        };
-    };
-    helper("typed 10", alder, typed("10"), "25");
-    helper("typed 70", alder, typed("70"), "178");
-    helper("typed with blanks", alder, typed(" 40 "), "102");
-    helper("typed above 100", alder, typed("101"), "-1");
-    helper("typed decimal", alder, typed("50.5"), "-1");
-    helper(
-        "address 2:17", alder, [](R&, C&) { return C::dmxAddressText(528); }, "2:17");
-    const auto group = [](int parameter) {
-        return [parameter](R&, C&) {
-            const int g = C::parameterGroup(parameter);
-            return C::parameterGroupName(g) + u'/' + C::parameterGroupShortName(g);
-        };
-    };
-    helper("group of tilt fine", alder, group(49), "Focus/F");
-    helper("group of colour 8", alder, group(8), "Color/C");
-    helper("group of 50", alder, group(50), "User/U");
-    const auto type = [](int channels, int faders, int devices) {
-        return [=](R& r, C& c) {
-            r.channelCount = channels;
-            r.faderCount = faders;
-            r.deviceCount = devices;
-            return int(c.consoleType());
-        };
-    };
-    helper("type Cedar", alder, type(96, 48, 0), "2");
-    helper("devices make a Maple", alder, type(48, 24, 1), "3");
-    helper("type unknown", alder, type(48, 48, 0), "4");
-    const auto label = [](int channel) {
-        return [channel](R&, C& c) { return c.channelLabel(channel); };
-    };
-    helper("label Alder independent B", alder, label(49), "IND 2");
-    helper("label Cedar independent A", cedar, label(96), "IND 1");
-    helper("label Maple B1", maple, label(24), "Int B:1");
-    helper("label Maple D24", maple, label(71), "Int D:24");
+    helper("times as text", alder, "2.5 0:59 109:13", [](R&, C&) {
+        return QStringList{C::timeText(25), C::timeText(591), C::timeText(65535)}.join(u' ');
+    });
+    helper("times parsed: letters skipped, last tenth wins", alder, "157/1304", [](R&, C&) {
+        return join(C::parseTime(QStringLiteral("1s 5.27")),
+                    C::parseTime(QStringLiteral("2:10.4")));
+    });
+    helper("levels as text", alder, "1/F",
+           [](R&, C&) { return C::formatLevel(2, true) + u'/' + C::formatLevel(254, true); });
+    helper("typed percentages", alder, "178 102 -1 -1", [](R&, C&) {
+        QStringList levels;
+        for (const char* text : {"70", " 40 ", "50.5", "101"})
+            levels << QString::number(
+                C::levelFromPercentText(QString::fromLatin1(text)).value_or(-1));
+        return levels.join(u' ');
+    });
+    helper("address text, devices make a Maple", alder, "2:17/3", [](R& r, C& c) {
+        r.deviceCount = 1;
+        return C::dmxAddressText(528) + u'/' + QString::number(c.consoleType());
+    });
+    helper("channel labels on Maple", maple, "Int B:1/IND 1",
+           [](R&, C& c) { return c.channelLabel(24) + u'/' + c.channelLabel(72); });
+    helper("independent label on Cedar", cedar, "IND 1",
+           [](R&, C& c) { return c.channelLabel(96); });
     const auto content = [](quint32 type, int index) {
         return [=](R& r, C& c) {
             r.sequences[0].steps[3].contentType = type;
@@ -259,18 +211,13 @@ void TestConsoleRecord::reads_data()
             return c.stepContentText(0, 0, 3);
         };
     };
-    helper("content channel", birch, content(0, 9), "Ch 10");
-    helper("content Maple channel B", maple, content(0, 30), "Ch B7");
-    helper("content memory on 24 faders", birch, content(1, 24 * 2 + 4), "M 3/5");
-    helper("content memory on 48 faders", cedar, content(1, 48 * 2 + 4), "M 3/5");
-    helper("content empty", birch, content(255, 0), "");
-    helper(
-        "stack cue number", alder,
-        [](R& r, C& c) {
-            r.stackSteps[3].cueNumber = 15;
-            return c.memoryNumberText(-1, 3) + u'/' + c.memoryNumberText(11, 4);
-        },
-        "Cue 1.5/12/05");
+    helper("content Maple channel B", maple, "Ch B7", content(0, 30));
+    helper("content memory on 48 faders", cedar, "M 3/5", content(1, 48 * 2 + 4));
+    helper("content empty", birch, "", content(255, 0));
+    helper("stack cue number", alder, "Cue 1.5/12/05", [](R& r, C& c) {
+        r.stackSteps[3].cueNumber = 15;
+        return c.memoryNumberText(-1, 3) + u'/' + c.memoryNumberText(11, 4);
+    });
     const auto mode = [](quint32 live, int parameterPage, int channelPage) {
         return [=](R& r, C& c) {
             r.liveMode = live;
@@ -279,61 +226,43 @@ void TestConsoleRecord::reads_data()
             return c.faderMode();
         };
     };
-    helper("mode channels page 3", alder, mode(0, 0, 3), "6");
-    helper("mode memories", alder, mode(1, 0, 0), "5");
-    helper("mode fader parameters page 0", alder, mode(2, 0, 0), "3");
-    helper("mode fader parameters page 1", alder, mode(2, 1, 0), "4");
-    helper("mode unknown", alder, mode(3, 0, 0), "0");
+    helper("mode channels page 3", alder, "6", mode(0, 0, 3));
+    helper("mode fader parameters page 1", alder, "4", mode(2, 1, 0));
     const auto faders = [](int mode) {
         return [mode](R&, C& c) {
             return QStringLiteral("%1 %2").arg(c.faderChannel(mode, 5)).arg(c.faderSequence(12));
         };
     };
-    helper("fader mode 1 on Cedar", cedar, faders(1), "53 -1");
-    helper("fader mode 1 on Birch", birch, faders(1), "29 0");
-    helper("fader mode 2 on Birch", birch, faders(2), "53 0");
-    helper("fader mode 6 on Cedar", cedar, faders(6), "77 -1");
-    helper("move 2 to 5 lands before 5", alder, moves(1, 2, 5), "35 14 2 4/42 14 4 99");
-    helper("move 5 to 2", alder, moves(1, 5, 2), "35 14 5 2/42 14 2 99");
-    helper("move in the stack", alder, moves(-1, 0, 1), "35 144 0 0/42 144 0 99");
-    helper("colour additive", maple, colour(1, 0, {10, 200, 30, 40, 50, 60, 70}, true), "#c83246");
-    helper("colour half of c2 green", maple, colour(1, 0, {0, 0, 240, 100, 0, 0, 0}, true),
-           "#f07800");
-    helper("colour subtractive", maple, colour(0, 0, {255, 0, 0, 0, 0, 0, 0}, true), "#00ffff");
-    helper("colour subtractive swatch", maple, colour(0, 0, {255, 0, 0, 0, 0, 0, 0}, false),
-           "#ff0000");
-    helper("colour green and blue kept", maple, colour(0, 0x30, {0, 0, 0, 10, 20, 0, 0}, true),
-           "#ff1414");
-    helper("colour hue truncated", maple, colour(254, 0, {100, 0, 255, 0, 0, 0, 0}, true),
-           QColor::fromHsv(141, 255, 255).name());
-    helper(
-        "live colour through the patch", maple,
-        [](R& r, C& c) {
-            DeviceRecord& device = r.devices[1];
-            device.firstAddress = 11;
-            device.footprint = 3;
-            device.parameterMap[0] = 1;
-            device.parameterMap[3] = 2;
-            device.parameterMap[4] = 3;
-            device.colourComponents[0] = 1;
-            device.colourComponents[3] = 4;
-            device.colourComponents[6] = 5;
-            r.dmxOutput[10] = 255;
-            r.dmxOutput[12] = 100;
-            r.palettes[4].values[1][0] = 40;
-            r.palettes[4].values[1][3] = 90;
-            return c.liveColour(1).name() + u'/' + c.paletteColour(4, 1).name();
-        },
-        "#00ff9b/#285a00");
-    helper(
-        "whole block of 18", alder,
-        [](R&, C&) {
-            TextBlock block{};
-            C::writeText(block, -1, QStringLiteral("Down Stage Centre!!"));
-            C::writeText(block, 1, QStringLiteral("B"));
-            return C::readText(block, 2) + u'|' + C::readText(block, -1);
-        },
-        "entre!|Down SB     entre!");
+    helper("fader mode 1 on Cedar", cedar, "53 -1", faders(1));
+    helper("fader mode 1 on Birch", birch, "29 0", faders(1));
+    helper("colour additive", maple, "#c83246", colour(1, 0, {10, 200, 30, 40, 50, 60, 70}, true));
+    helper("colour subtractive", maple, "#00ffff", colour(0, 0, {255, 0, 0, 0, 0, 0, 0}, true));
+    helper("colour green and blue kept", maple, "#ff1414",
+           colour(0, 0x30, {0, 0, 0, 10, 20, 0, 0}, true));
+    helper("colour hue truncated", maple, QColor::fromHsv(141, 255, 255).name(),
+           colour(254, 0, {100, 0, 255, 0, 0, 0, 0}, true));
+    helper("live colour through the patch", maple, "#00ff9b/#285a00", [](R& r, C& c) {
+        DeviceRecord& device = r.devices[1];
+        device.firstAddress = 11;
+        device.footprint = 3;
+        device.parameterMap[0] = 1;
+        device.parameterMap[3] = 2;
+        device.parameterMap[4] = 3;
+        device.colourComponents[0] = 1;
+        device.colourComponents[3] = 4;
+        device.colourComponents[6] = 5;
+        r.dmxOutput[10] = 255;
+        r.dmxOutput[12] = 100;
+        r.palettes[4].values[1][0] = 40;
+        r.palettes[4].values[1][3] = 90;
+        return c.liveColour(1).name() + u'/' + c.paletteColour(4, 1).name();
+    });
+    helper("whole block of 18", alder, "entre!|Down SB     entre!", [](R&, C&) {
+        TextBlock block{};
+        C::writeText(block, -1, QStringLiteral("Down Stage Centre!!"));
+        C::writeText(block, 1, QStringLiteral("B"));
+        return C::readText(block, 2) + u'|' + C::readText(block, -1);
+    });
 }
 
 void TestConsoleRecord::reads()
@@ -381,20 +310,25 @@ void TestConsoleRecord::edits_data()
         c.setIndependentAffectedByGrandMaster(0, false);
         return bytesOf(&r.independents[0].buttonMode, 2);
     });
-    row("memory level marks it recorded", "63 01", {}, [](R& r, C& c) {
-        c.setMemoryChannelLevel(4, 20, 3, 99);
-        return bytesOf(&r.memories[4 * 48 + 20].content.channelLevels[3], 1) + ' ' +
-               bytesOf(&r.memories[4 * 48 + 20].recorded, 1);
-    });
-    row("stack cue level leaves it unrecorded", "63 00", {}, [](R& r, C& c) {
-        c.setMemoryChannelLevel(-1, 7, 3, 99);
-        return bytesOf(&r.cueContents[7].channelLevels[3], 1) + ' ' + bytesOf(&r.cueRecorded[7], 1);
-    });
-    row("parameter palette keeps flag bits", "c5 04", {}, [](R& r, C& c) {
-        r.memories[0].content.parameters[2 * 50 + 10].flags = 0x05;
-        c.setMemoryParameter(0, 0, 2, 10, 4, true);
-        return bytesOf(&r.memories[0].content.parameters[2 * 50 + 10], 2);
-    });
+    row("memory level marks it recorded, stack cue level does not", "63 01/63 00", {},
+        [](R& r, C& c) {
+            c.setMemoryChannelLevel(4, 20, 3, 99);
+            c.setMemoryChannelLevel(-1, 7, 3, 99);
+            const MemoryRecord& memory = r.memories[4 * 48 + 20];
+            return bytesOf(&memory.content.channelLevels[3], 1) + ' ' +
+                   bytesOf(&memory.recorded, 1) + u'/' +
+                   bytesOf(&r.cueContents[7].channelLevels[3], 1) + ' ' +
+                   bytesOf(&r.cueRecorded[7], 1);
+        });
+    row("parameter palette keeps flag bits, clearing keeps the value", "c5 04/45 04", {},
+        [](R& r, C& c) {
+            ParameterEntry& entry = r.memories[0].content.parameters[2 * 50 + 10];
+            entry.flags = 0x05;
+            c.setMemoryParameter(0, 0, 2, 10, 4, true);
+            const QString set = bytesOf(&entry, 2);
+            c.clearMemoryParameter(0, 0, 2, 10);
+            return set + u'/' + bytesOf(&entry, 2);
+        });
     row("pan level clears pan fine, tilt palette sets tilt fine", "80 00/c0 06", {},
         [](R& r, C& c) {
             c.setMemoryParameter(0, 0, 2, 48, 77, false);
@@ -403,11 +337,10 @@ void TestConsoleRecord::edits_data()
             const ParameterEntry* device = &r.memories[0].content.parameters[2 * 50];
             return bytesOf(device + 48, 2) + u'/' + bytesOf(device + 49, 2);
         });
-    row("clear parameter", "40 04", {}, [](R& r, C& c) {
-        c.setMemoryParameter(0, 0, 2, 10, 4, true);
-        c.clearMemoryParameter(0, 0, 2, 10);
-        return bytesOf(&r.memories[0].content.parameters[2 * 50 + 10], 2);
-    });
+    row("move 2 to 5 lands before 5", "", {{35, 14, 2, 4}, {42, 14, 4, 99}},
+        [](R&, C& c) { return c.moveStep(1, 2, 2, 5, 99), QString(); });
+    row("move in the stack", "", {{35, 144, 0, 0}, {42, 144, 0, 99}},
+        [](R&, C& c) { return c.moveStep(-1, -1, 0, 1, 99), QString(); });
     row("stack mode", "02 00 00 00", {{3, 0, 0, 0}}, [](R& r, C& c) {
         c.setSequenceMode(-1, -1, 2);
         return bytesOf(&r.stackMode, 4);
@@ -476,9 +409,9 @@ void TestConsoleRecord::areaTexts()
     const QList<RecordArea::Personality> list = cache->personalities();
     QCOMPARE(list.size(), personalities);
     if (personalities) {
-        QCOMPARE(list.at(1).id, 9);
-        QCOMPARE(list.at(1).footprint, 2);
-        QCOMPARE(list.at(1).manufacturer + u'/' + list.at(1).name, QStringLiteral("Other/Dimmer"));
+        const RecordArea::Personality& second = list.at(1);
+        QCOMPARE(join(second.id, second.footprint) + second.manufacturer + second.name,
+                 QStringLiteral("9/2OtherDimmer"));
     }
 }
 

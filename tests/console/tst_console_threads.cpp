@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The engine notifies on its own thread while the GUI thread adds hooks,
-// reads the derived caches and receives the signals through queued
-// delivery. Run under the thread sanitizer build to catch unguarded access.
+// The engine notifies on its own thread while the GUI thread adds hooks and
+// reads the derived caches. Run under the thread sanitizer build to catch
+// unguarded access.
 #include "Console.h"
 #include "ConsoleCodes.h"
 #include "FakeEngine.h"
 
-#include <QCoreApplication>
 #include <QTest>
 
 #include <atomic>
@@ -33,19 +32,6 @@ private:
     int m_code;
 };
 
-// Lives on the GUI thread; receives queued signals in arrival order.
-class Receiver : public QObject
-{
-    Q_OBJECT
-
-public:
-    QList<int> memories;
-    int patches = 0;
-
-public slots:
-    void consoleCacheMemoryUpdated(Console::Memory memory) { memories.append(memory.index); }
-    void consoleCachePatchUpdated() { ++patches; }
-};
 } // namespace
 
 class TestConsoleThreads : public QObject
@@ -53,9 +39,7 @@ class TestConsoleThreads : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { Console::registerMetaTypes(); }
     void hooksAppendedWhileTheEngineNotifies();
-    void signalsArriveQueuedInNotificationOrder();
     void cachesReadWhileTheEngineRebuilds();
     void bulkEndDiscardsWhileHooksAreAdded();
 };
@@ -78,29 +62,6 @@ void TestConsoleThreads::hooksAppendedWhileTheEngineNotifies()
     engine.stopThread();
     QCOMPARE(log.runs.load(), hooks);
     QCOMPARE(log.deleted.load(), hooks);
-}
-
-void TestConsoleThreads::signalsArriveQueuedInNotificationOrder()
-{
-    constexpr int notifications = 5000;
-    FakeEngine engine(ConsoleCache::ModelMaple);
-    std::unique_ptr<Console> console(engine.createConsole());
-    Receiver receiver;
-    connect(console.get(), &Console::memoryUpdated, &receiver, &Receiver::consoleCacheMemoryUpdated,
-            Qt::QueuedConnection);
-    connect(console.get(), &Console::patchUpdated, &receiver, &Receiver::consoleCachePatchUpdated,
-            Qt::QueuedConnection);
-    for (int i = 0; i < notifications; ++i) {
-        engine.post(ConsoleCode::MemoryChanged, i / 48 % 12, i);
-        if (i % 1000 == 0)
-            engine.post(ConsoleCode::PatchChanged);
-    }
-    engine.stopThread();
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(receiver.memories.size(), notifications);
-    for (int i = 0; i < notifications; ++i)
-        QCOMPARE(receiver.memories.at(i), i);
-    QCOMPARE(receiver.patches, 5);
 }
 
 void TestConsoleThreads::cachesReadWhileTheEngineRebuilds()

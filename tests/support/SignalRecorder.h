@@ -10,11 +10,7 @@
 
 // Records every signal of an object in emission order (direct connections,
 // so on the emitting thread) as "name(arg,arg)"; console keys print as
-// their two numbers.
-//
-//     SignalRecorder recorder(console);
-//     engine.notify(ConsoleCode::StackCueChanged, 12);
-//     QCOMPARE(recorder.log(), QStringList{"memoryUpdated(-1,12)"});
+// their two numbers, so {-1, 12} as "memoryUpdated(-1,12)".
 class SignalRecorder : public QObject
 {
     Q_OBJECT
