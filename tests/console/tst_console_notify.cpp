@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The notification path: the signal of each engine code, when hooks run and
-// in which order, the bulk-change suspension, step inserts and the change
-// reports.
+// The console link: the signal of each engine code, hooks and their order,
+// bulk changes, step inserts, change reports, the engine thread against the
+// GUI thread (run under the thread sanitizer too) and loading the engine.
 #include "Console.h"
 #include "ConsoleCodes.h"
 #include "FakeEngine.h"
 #include "SignalRecorder.h"
 
+#include <QRegularExpression>
 #include <QTest>
+#include <QTimer>
 
+#include <atomic>
 #include <cstring>
 #include <functional>
 #include <memory>
@@ -21,7 +24,8 @@ using Action = std::function<void(Console*)>;
 class ProbeHook : public Console::CacheUpdateHook
 {
 public:
-    ProbeHook(QStringList* log, QString name, int code, std::function<void()> action = {})
+    ProbeHook(
+        QStringList* log, QString name, int code, std::function<void()> action = [] {})
         : m_log(log), m_name(std::move(name)), m_code(code), m_action(std::move(action))
     {
     }
@@ -30,8 +34,7 @@ public:
     void run(int, int, int, int) override
     {
         m_log->append(m_name);
-        if (m_action)
-            m_action();
+        m_action();
     }
 
 private:
@@ -40,6 +43,26 @@ private:
     int m_code;
     std::function<void()> m_action;
 };
+// Counts its runs and deletions across threads.
+struct SharedLog
+{
+    std::atomic<int> runs{0};
+    std::atomic<int> deleted{0};
+};
+
+class CountingHook : public Console::CacheUpdateHook
+{
+public:
+    CountingHook(SharedLog* log, int code) : m_log(log), m_code(code) {}
+    ~CountingHook() override { m_log->deleted.fetch_add(1); }
+    bool matches(int code, int, int, int) override { return code == m_code; }
+    void run(int, int, int, int) override { m_log->runs.fetch_add(1); }
+
+private:
+    SharedLog* m_log;
+    int m_code;
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Call)
@@ -61,7 +84,12 @@ private slots:
     void insertStep();
     void changeReports_data();
     void changeReports();
-    void buttonBlinkAlternates();
+    void hooksAddedWhileTheEngineNotifies();
+    void cachesReadWhileTheEngineRebuilds();
+    void load_data();
+    void load();
+    void handshake_data();
+    void handshake();
 
 private:
     std::unique_ptr<FakeEngine> m_engine;
@@ -111,7 +139,6 @@ void TestConsoleNotify::notificationTable_data()
     row("13 outputs", 13, 0, "outputsUpdated()");
     row("14 faders", 14, 0, "faderUpdated()");
     row("15 channels", 15, 0, "channelsUpdated()");
-    row("16 outputs", 16, 0, "outputsUpdated()");
     row("17 playback", 17, 0, "playbackUpdated()");
     row("18 blind", 18, 0, "blindLevelsUpdated()");
     row("19 inputs", 19, 0, "inputsUpdated()");
@@ -190,7 +217,7 @@ void TestConsoleNotify::hookPass()
 {
     QFETCH(QStringList, expected);
     const QByteArray row = QTest::currentDataTag();
-    std::function<void()> action;
+    std::function<void()> action = [] {};
     if (row.startsWith("a hook's command")) {
         // The engine answers the hook's report from inside update().
         m_engine->setAnswer([this](const Call& call) {
@@ -223,7 +250,6 @@ void TestConsoleNotify::insertStep_data()
     QTest::newRow("sequence, 2 for it") << 3 << 7 << 5 << true << Call{2, 3, 7, 0} << true;
     QTest::newRow("sequence, 2 for another fader")
         << 3 << 7 << 5 << true << Call{2, 3, 8, 0} << false;
-    QTest::newRow("sequence, 4 for the step") << 3 << 7 << 5 << true << Call{4, 2, 0, 0} << false;
     QTest::newRow("sequence, 2 before the engine made the step")
         << 3 << 7 << 5 << false << Call{2, 3, 7, 0} << false;
     QTest::newRow("full sequence refused") << 3 << 7 << 24 << false << Call{2, 3, 7, 0} << false;
@@ -325,7 +351,6 @@ void TestConsoleNotify::changeReports_data()
         [](Console* c) { c->deviceStatusChanged(); });
     row("console status", {23, 0, 0, 0}, "consoleStatusUpdated()", false,
         [](Console* c) { c->consoleStatusChanged(); });
-    row("select page", {39, 10, 6, 0}, {}, false, [](Console* c) { c->cache()->selectPage(6); });
     row("patch device", {29, 3, 77, 600}, {}, true,
         [](Console* c) { c->cache()->patchDevice(3, 77, 600); });
     row("delete step", {34, 12 * 2 + 5, 7, 0}, {}, true,
@@ -347,13 +372,129 @@ void TestConsoleNotify::changeReports()
     QCOMPARE(m_log, (runsHooks ? QStringList{"hook", "~hook"} : QStringList()));
 }
 
-void TestConsoleNotify::buttonBlinkAlternates()
+void TestConsoleNotify::hooksAddedWhileTheEngineNotifies()
 {
-    SignalRecorder recorder(m_console);
-    for (int i = 0; i < 3; ++i)
-        QVERIFY(QMetaObject::invokeMethod(m_console, "buttonBlinkTimerTimeout"));
-    QCOMPARE(recorder.log(),
-             (QStringList{"buttonBlink(false)", "buttonBlink(true)", "buttonBlink(false)"}));
+    SharedLog log;
+    // The engine thread runs hook passes while this thread keeps appending.
+    for (int i = 0; i < 20000; ++i)
+        m_engine->post(i % 2 ? 20 : 30, i);
+    for (int i = 0; i < 2000; ++i)
+        m_console->appendHook(new CountingHook(&log, i % 2 ? 20 : 30));
+    m_engine->waitIdle();
+    // Whatever was appended after the last pass fires on the next one.
+    m_engine->post(20);
+    m_engine->post(30);
+    m_engine->waitIdle();
+    QCOMPARE(log.runs.load(), 2000);
+    QCOMPARE(log.deleted.load(), 2000);
+    // Around bulk changes every pass is suspended and each end drops the hooks.
+    m_engine->post(ConsoleCode::System, SystemCode::BulkBegin);
+    for (int i = 0; i < 200; ++i) {
+        m_engine->post(ConsoleCode::System, SystemCode::BulkEnd);
+        m_engine->post(ConsoleCode::System, SystemCode::BulkBegin);
+        m_console->appendHook(new CountingHook(&log, 20));
+        m_engine->post(20);
+    }
+    m_engine->post(ConsoleCode::System, SystemCode::BulkEnd);
+    m_engine->stopThread();
+    QCOMPARE(log.runs.load(), 2000);
+    QCOMPARE(log.deleted.load(), 2200);
+}
+
+void TestConsoleNotify::cachesReadWhileTheEngineRebuilds()
+{
+    m_engine->record()->dmxPatch[300] = 5;
+    m_engine->record()->devices[3].firstAddress = 1;
+    m_engine->record()->devices[3].footprint = 4;
+    m_console->patchChanged();
+    // The patch stays the same: every read, mid-rebuild or not, sees it.
+    SharedLog done;
+    m_console->appendHook(new CountingHook(&done, 20));
+    for (int i = 0; i < 5000; ++i)
+        m_engine->post(i % 2 ? ConsoleCode::PatchChanged : ConsoleCode::DeviceChanged, 3);
+    m_engine->post(20);
+    int wrong = 0;
+    while (done.runs.load() == 0) {
+        wrong += m_console->cache()->addressFlags(300) != ConsoleCache::AddressPatched;
+        wrong += m_console->cache()->addressDevice(2) != 4;
+        wrong += m_console->cache()->channelFlags(4) != ConsoleCache::ChannelPatched;
+    }
+    m_engine->stopThread();
+    QCOMPARE(wrong, 0);
+}
+
+void TestConsoleNotify::load_data()
+{
+    QTest::addColumn<QString>("library");
+    QTest::addColumn<int>("variant");
+    QTest::addColumn<QByteArray>("consoleVersion"); // what the console reports, if not the engine's
+    QTest::addColumn<int>("type");                  // or the load error
+    QTest::newRow("Alder") << "glowEngine" << 0 << QByteArray() << int(ConsoleCache::ModelAlder);
+    QTest::newRow("Birch") << "glowEngine" << 1 << QByteArray() << int(ConsoleCache::ModelBirch);
+    QTest::newRow("Cedar") << "glowEngine" << 2 << QByteArray() << int(ConsoleCache::ModelCedar);
+    QTest::newRow("Maple") << "glowproEngine" << 0 << QByteArray() << int(ConsoleCache::ModelMaple);
+    QTest::newRow("another console version")
+        << "glowEngine" << 1 << QByteArray("0.0-other") << -1 - int(Console::VersionMismatch);
+    QTest::newRow("missing library")
+        << "lumideskNoSuchEngine" << 0 << QByteArray() << -1 - int(Console::LoadFailed);
+    QTest::newRow("no getConsole")
+        << "lumideskNoFactoryEngine" << 0 << QByteArray() << -1 - int(Console::LoadFailed);
+    QTest::newRow("getConsole gives null")
+        << "lumideskNullFactoryEngine" << 0 << QByteArray() << -1 - int(Console::LoadFailed);
+}
+
+void TestConsoleNotify::load()
+{
+    QFETCH(QString, library);
+    QFETCH(int, variant);
+    QFETCH(QByteArray, consoleVersion);
+    QFETCH(int, type);
+    QTest::ignoreMessage(QtDebugMsg, qPrintable(QStringLiteral("Library name: ") + library));
+    if (library.contains(QLatin1String("NoSuch")))
+        QTest::ignoreMessage(QtDebugMsg, QRegularExpression(library));
+    qputenv("LUMIDESK_ENGINE_CONSOLE_VERSION", consoleVersion);
+    // A successful load leaves the error untouched.
+    Console::LoadError error = Console::LoadError(-9);
+    Console* console = Console::load(library, variant, &error, QStringLiteral("de"));
+    qunsetenv("LUMIDESK_ENGINE_CONSOLE_VERSION");
+    QCOMPARE(console ? int(console->consoleType()) : -1 - int(error), type);
+    if (!console)
+        return;
+    QCOMPARE(int(error), -9);
+    // The button blink runs from the end of the load on.
+    const QList<QTimer*> timers = console->findChildren<QTimer*>();
+    QCOMPARE(timers.size(), 1);
+    QVERIFY(timers.first()->isActive());
+    console->unload();
+}
+
+void TestConsoleNotify::handshake_data()
+{
+    QTest::addColumn<int>("versionChecks"); // until ready; 0: ready when started
+    QTest::addColumn<QString>("consoleVersion");
+    QTest::addColumn<bool>("loads");
+    QTest::newRow("ready when started") << 0 << "1.0" << true;
+    QTest::newRow("ready after three polls") << 3 << "1.0" << true;
+    QTest::newRow("another console version") << 3 << "0.9" << false;
+}
+
+void TestConsoleNotify::handshake()
+{
+    QFETCH(int, versionChecks);
+    QFETCH(QString, consoleVersion);
+    QFETCH(bool, loads);
+    FakeEngine engine;
+    engine.setConsoleVersion(consoleVersion);
+    engine.setReadyAfterVersionChecks(versionChecks);
+    Console::LoadError error = Console::LoadError(-1);
+    Console* console = Console::start(nullptr, &engine, 0, 0, &error);
+    QCOMPARE(console != nullptr, loads);
+    QCOMPARE(int(error), loads ? -1 : int(Console::VersionMismatch));
+    if (console) {
+        QVERIFY(console->isReady());
+        QCOMPARE(console->cache()->channelCount(), 48);
+        console->unload();
+    }
 }
 
 QTEST_GUILESS_MAIN(TestConsoleNotify)

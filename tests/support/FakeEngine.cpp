@@ -136,16 +136,22 @@ void FakeEngine::stopThread()
     m_thread = std::thread();
 }
 
+QList<FakeEngine::Call> FakeEngine::takeUpdates()
+{
+    std::lock_guard lock(m_callMutex);
+    return std::exchange(m_updates, {});
+}
+
 void FakeEngine::start(IConsoleHandler* handler, int languageIndex, int)
 {
     m_handler = handler;
     m_languageIndex = languageIndex;
-    if (m_readyOnStart || m_readyAfterChecks > 0) {
-        if (RecordArea::loadSlot(m_record->consoleVersion) == 0)
-            setConsoleVersion(m_softwareVersion);
-        notify(ConsoleCode::VersionKnown);
-    }
-    if (m_readyOnStart)
+    if (m_readyAfterChecks < 0)
+        return;
+    if (RecordArea::loadSlot(m_record->consoleVersion) == 0)
+        setConsoleVersion(m_softwareVersion);
+    notify(ConsoleCode::VersionKnown);
+    if (m_readyAfterChecks == 0)
         notify(ConsoleCode::Ready);
 }
 

@@ -16,7 +16,6 @@
 #include <mutex>
 #include <thread>
 #include <tuple>
-#include <type_traits>
 #include <utility>
 
 class Console;
@@ -46,12 +45,10 @@ public:
     FakeEngine(const FakeEngine&) = delete;
     FakeEngine& operator=(const FakeEngine&) = delete;
 
-    // Clears the record and sets up the counts of a model, console mode
-    // Normal, playback rates and fades at 100 %.
+    // A cleared record with a model's counts, Normal mode, rates at 100 %.
     void setupModel(ConsoleCache::ConsoleType model);
 
     ConsoleStateRecord* record() { return m_record; }
-    quint8* bytes() { return reinterpret_cast<quint8*>(m_record); }
 
     // Texts in the area after the record.
     void setText(AreaOffset& slot, const QString& text);
@@ -59,24 +56,22 @@ public:
     void setShowFileName(const QString& text) { setText(m_record->showFileName, text); }
     void setPersonalities(const QList<RecordArea::Personality>& personalities);
 
-    // Whether start() notifies 37 and 38 before it returns (default true).
-    void setReadyOnStart(bool ready) { m_readyOnStart = ready; }
-    // With readiness off: start() notifies 37 only, and the engine thread
-    // reports 38 once the program has asked for the version this often.
+    // When start() reports the version (37) and ready (38): 0 both before it
+    // returns (the default); n > 0 only 37, and the engine thread reports 38
+    // once the program has asked for the version n times; -1 neither.
     void setReadyAfterVersionChecks(int checks) { m_readyAfterChecks = checks; }
     // Called from inside update(), after the call is recorded: an engine
     // that answers a command at once, on the caller's thread.
     void setAnswer(std::function<void(const Call&)> answer) { m_answer = std::move(answer); }
 
-    // A Console on this engine, started and ready (unless setReadyOnStart
-    // was cleared). The caller owns it; delete it before the engine.
+    // A Console on this engine, started (and by default ready). The caller
+    // owns it; delete it before the engine.
     Console* createConsole(const QString& languageCode = QStringLiteral("en"));
 
     // Delivers a notification now, on the calling thread.
     void notify(int code, int a = 0, int b = 0, int c = 0);
-    // Queues a notification for the engine thread (started on first use).
-    // Stop the thread (stopThread, or Console::unload through release)
-    // before deleting the Console it notifies.
+    // Queues a notification for the engine thread (started on first use);
+    // stop it (stopThread, or release) before deleting the Console.
     void post(int code, int a = 0, int b = 0, int c = 0);
     // Blocks until the engine thread has delivered everything posted.
     void waitIdle();
@@ -84,27 +79,14 @@ public:
     void stopThread();
 
     // The calls the program made, in order.
-    QList<Call> updates() const
-    {
-        return locked([this] { return m_updates; });
-    }
-    QList<Call> takeUpdates()
-    {
-        return locked([this] { return std::exchange(m_updates, {}); });
-    }
+    QList<Call> updates() const { return copy(&FakeEngine::m_updates); }
+    QList<Call> takeUpdates();
     void clearUpdates() { takeUpdates(); }
-    QList<PanelEvent> panelEvents() const
-    {
-        return locked([this] { return m_panelEvents; });
-    }
-    QString lastShowFileName() const
-    {
-        return locked([this] { return m_lastShowFileName; });
-    }
+    QList<PanelEvent> panelEvents() const { return copy(&FakeEngine::m_panelEvents); }
+    QString lastShowFileName() const { return copy(&FakeEngine::m_lastShowFileName); }
     int saves() const { return m_saves; }
     int languageIndex() const { return m_languageIndex; }
 
-    // ConsoleEngine
     void start(IConsoleHandler* handler, int languageIndex, int modelVariant) override;
     void release() override;
     ConsoleStateRecord* stateRecord() override { return m_record; }
@@ -118,10 +100,10 @@ public:
     QString softwareVersion() override;
 
 private:
-    template <typename Read> std::invoke_result_t<Read> locked(Read read) const
+    template <typename T> T copy(T FakeEngine::*member) const
     {
         std::lock_guard lock(m_callMutex);
-        return read();
+        return this->*member;
     }
     void threadLoop();
     // Stores (u32 count, items) in the area after the record.
@@ -132,7 +114,6 @@ private:
     quint32 m_areaUsed = 0;
     IConsoleHandler* m_handler = nullptr;
     int m_languageIndex = -1;
-    bool m_readyOnStart = true;
     int m_readyAfterChecks = 0;
     int m_versionChecks = 0;
     const QString m_softwareVersion = QStringLiteral("1.0");

@@ -20,7 +20,7 @@ QString argumentText(const QVariant& value)
 }
 } // namespace
 
-SignalRecorder::SignalRecorder(QObject* source) : m_source(source)
+SignalRecorder::SignalRecorder(QObject* source)
 {
     const QMetaObject* meta = source->metaObject();
     const QMetaMethod recordSlot = metaObject()->method(metaObject()->indexOfSlot("record()"));
@@ -44,6 +44,6 @@ void SignalRecorder::record()
     QStringList arguments;
     for (const QVariant& argument : m_spies[size_t(index)]->takeFirst())
         arguments.append(argumentText(argument));
-    m_log.append(QString::fromLatin1(m_source->metaObject()->method(index).name()) + u'(' +
+    m_log.append(QString::fromLatin1(sender()->metaObject()->method(index).name()) + u'(' +
                  arguments.join(u',') + u')');
 }

@@ -26,7 +26,6 @@ private slots:
     void record();
 
 private:
-    QObject* m_source;
     std::vector<std::unique_ptr<QSignalSpy>> m_spies; // by signal index
     QStringList m_log;
 };
