@@ -9,24 +9,39 @@
 #include <QMutexLocker>
 #include <QThread>
 
+#include <algorithm>
+
 namespace {
 constexpr int blinkIntervalMs = 300;
 constexpr unsigned long handshakePollMs = 100;
 } // namespace
 
 Console::InsertSequenceStepCacheUpdateHook::InsertSequenceStepCacheUpdateHook(
-    ConsoleCache* cache, int page, int fader, int step, quint32 contentType, quint16 contentIndex)
+    ConsoleCache* cache, int page, int fader, int step, quint32 contentType, quint16 contentIndex,
+    quint16 cueNumber)
     : m_cache(cache), m_page(page), m_fader(fader), m_step(step), m_contentType(contentType),
-      m_contentIndex(contentIndex)
+      m_contentIndex(contentIndex), m_cueNumber(cueNumber),
+      m_countBefore(cache->stepCount(page, fader))
 {
 }
 
 bool Console::InsertSequenceStepCacheUpdateHook::matches(int code, int a, int b, int)
 {
     // A stack cue change names the step; a sequence change names the sequence.
-    if (m_page == -1)
-        return code == ConsoleCode::StackCueChanged && a == m_step;
-    return code == ConsoleCode::SequenceChanged && a == m_page && b == m_fader;
+    const bool named = m_page == -1
+                           ? code == ConsoleCode::StackCueChanged && a == m_step
+                           : code == ConsoleCode::SequenceChanged && a == m_page && b == m_fader;
+    return named && isInserted();
+}
+
+bool Console::InsertSequenceStepCacheUpdateHook::isInserted()
+{
+    const int count = m_cache->stepCount(m_page, m_fader);
+    const StepRecord* record = m_cache->step(m_page, m_fader, m_step);
+    if (count > m_countBefore && m_step < count && record && record->cueNumber == m_cueNumber)
+        return true;
+    m_countBefore = std::min(m_countBefore, count);
+    return false;
 }
 
 void Console::InsertSequenceStepCacheUpdateHook::run(int, int, int, int)
@@ -47,9 +62,7 @@ Console::Console(QLibrary* library, ConsoleEngine* engine)
 
 Console::~Console()
 {
-    QMutexLocker lock(&m_hookMutex);
-    qDeleteAll(m_hooks);
-    m_hooks.clear();
+    discardHooks();
 }
 
 int Console::languageIndex(const QString& code)
@@ -95,13 +108,21 @@ Console* Console::load(const QString& libraryName, int modelVariant, LoadError* 
         return fail(LoadFailed);
     }
 
+    return start(library, engine, language, modelVariant, error);
+}
+
+Console* Console::start(QLibrary* library, ConsoleEngine* engine, int languageIndex,
+                        int modelVariant, LoadError* error)
+{
     auto* console = new Console(library, engine);
     console->m_cache.setRecord(engine->stateRecord());
-    engine->start(console, language, modelVariant);
+    engine->start(console, languageIndex, modelVariant);
     if (!console->waitUntilReady()) {
         // The engine is running: stop it before its library goes away.
         console->unload();
-        return fail(VersionMismatch);
+        if (error)
+            *error = VersionMismatch;
+        return nullptr;
     }
     console->m_blinkTimer.start();
     return console;
@@ -217,37 +238,40 @@ void Console::handleSystem(int subCode, int x, int y)
 
 void Console::runHooks(int code, int a, int b, int c)
 {
-    QMutexLocker lock(&m_hookMutex);
-    for (auto it = m_hooks.begin(); it != m_hooks.end();) {
-        CacheUpdateHook* hook = *it;
-        if (hook && hook->matches(code, a, b, c)) {
-            it = m_hooks.erase(it);
-            hook->run(code, a, b, c);
-            delete hook;
-        } else {
-            ++it;
+    // Take the matching hooks out under the lock, run them after it: a hook
+    // calls into the engine, which may answer with a notification at once,
+    // and a hook may append another hook.
+    QList<CacheUpdateHook*> matching;
+    {
+        QMutexLocker lock(&m_hookMutex);
+        for (auto it = m_hooks.begin(); it != m_hooks.end();) {
+            if (*it && (*it)->matches(code, a, b, c)) {
+                matching.append(*it);
+                it = m_hooks.erase(it);
+            } else {
+                ++it;
+            }
         }
+    }
+    for (CacheUpdateHook* hook : std::as_const(matching)) {
+        hook->run(code, a, b, c);
+        delete hook;
     }
 }
 
 void Console::discardHooks()
 {
-    QMutexLocker lock(&m_hookMutex);
-    qDeleteAll(m_hooks);
-    m_hooks.clear();
+    QList<CacheUpdateHook*> dropped;
+    {
+        QMutexLocker lock(&m_hookMutex);
+        dropped.swap(m_hooks);
+    }
+    qDeleteAll(dropped);
 }
 
 void Console::rebuildCaches(bool addresses, bool midiCircuits)
 {
-    // A change report on the GUI thread and the engine thread may rebuild at
-    // the same time.
-    QMutexLocker lock(&m_rebuildMutex);
-    if (addresses) {
-        m_cache.rebuildAddressMap();
-        m_cache.rebuildChannelFlags();
-    }
-    if (midiCircuits)
-        m_cache.rebuildMidiCircuitFlags();
+    m_cache.rebuildDerivedCaches(addresses, midiCircuits);
 }
 
 void Console::emitFor(int code, int a, int b, int)

@@ -79,21 +79,30 @@ public:
 
     // Stores the content of a freshly inserted step once the engine has
     // created it (notification 2 for the sequence, 4 for the stack step).
+    // It applies only to the step it asked for: one more step than the list
+    // had, carrying the requested cue number at the requested place.
     class InsertSequenceStepCacheUpdateHook : public CacheUpdateHook
     {
     public:
         InsertSequenceStepCacheUpdateHook(ConsoleCache* cache, int page, int fader, int step,
-                                          quint32 contentType, quint16 contentIndex);
+                                          quint32 contentType, quint16 contentIndex,
+                                          quint16 cueNumber);
         bool matches(int code, int a, int b, int c) override;
         void run(int code, int a, int b, int c) override;
 
     private:
+        bool isInserted();
+
         ConsoleCache* m_cache;
         int m_page;
         int m_fader;
         int m_step;
         quint32 m_contentType;
         quint16 m_contentIndex;
+        quint16 m_cueNumber;
+        // The fewest steps the list had since the request: a delete the
+        // engine handles first must not hide the insert.
+        int m_countBefore;
     };
 
     Console(QLibrary* library, ConsoleEngine* engine);
@@ -105,6 +114,12 @@ public:
     // "de", "es", "it"; anything else counts as English).
     static Console* load(const QString& libraryName, int modelVariant, LoadError* error,
                          const QString& languageCode = QStringLiteral("en"));
+    // Starts a resolved engine (load's second half): hands it the handler,
+    // waits until it is ready and checks its version. Takes ownership of
+    // both; on a version mismatch releases them, sets *error and returns
+    // null.
+    static Console* start(QLibrary* library, ConsoleEngine* engine, int languageIndex,
+                          int modelVariant, LoadError* error);
     // The engine's language index of a language code.
     static int languageIndex(const QString& code);
     // Registers Console::Memory and Console::Sequence for queued signals.
@@ -201,7 +216,6 @@ private:
     int m_blinkCounter = 0;
     QList<CacheUpdateHook*> m_hooks;
     QMutex m_hookMutex;
-    QMutex m_rebuildMutex;
 };
 
 Q_DECLARE_METATYPE(Console::Memory)

@@ -95,15 +95,36 @@ ConsoleCache::ConsoleType ConsoleCache::consoleType() const
 
 // Derived caches -----------------------------------------------------------
 
-void ConsoleCache::rebuildAddressMap()
+std::shared_ptr<const ConsoleCache::DerivedCaches> ConsoleCache::derivedCaches() const
 {
-    m_addressFlags.fill(0);
-    m_addressDevice.fill(0);
+    std::lock_guard lock(m_derivedMutex);
+    return m_derived;
+}
+
+void ConsoleCache::rebuildDerivedCaches(bool addresses, bool midiCircuits)
+{
+    std::lock_guard rebuild(m_rebuildMutex);
+    auto next = std::make_shared<DerivedCaches>(*derivedCaches());
+    if (addresses) {
+        buildAddressMap(*next);
+        buildChannelFlags(*next);
+    }
+    if (midiCircuits)
+        buildMidiCircuitFlags(*next);
+    std::shared_ptr<const DerivedCaches> published = std::move(next);
+    std::lock_guard lock(m_derivedMutex);
+    m_derived.swap(published);
+}
+
+void ConsoleCache::buildAddressMap(DerivedCaches& caches) const
+{
+    caches.addressFlags.fill(0);
+    caches.addressDevice.fill(0);
     if (!m_record)
         return;
     for (int address = 0; address < ConsoleStateRecord::addressCount; ++address) {
         if (m_record->dmxPatch[address] != 0)
-            m_addressFlags[address] |= AddressPatched;
+            caches.addressFlags[address] |= AddressPatched;
     }
     for (int device = 0; device < ConsoleStateRecord::maxDevices; ++device) {
         const DeviceRecord& record = m_record->devices[device];
@@ -112,20 +133,20 @@ void ConsoleCache::rebuildAddressMap()
         const int first = record.firstAddress - 1;
         if (first >= ConsoleStateRecord::addressCount)
             continue;
-        m_addressFlags[first] |= AddressDeviceStart;
+        caches.addressFlags[first] |= AddressDeviceStart;
         const int last = std::min(first + int(record.footprint), ConsoleStateRecord::addressCount);
         for (int address = first; address < last; ++address) {
-            quint8& flags = m_addressFlags[address];
+            quint8& flags = caches.addressFlags[address];
             flags |= (flags & AddressDevice) ? AddressConflict : AddressDevice;
-            m_addressDevice[address] = quint8(device + 1);
+            caches.addressDevice[address] = quint8(device + 1);
         }
     }
 }
 
-void ConsoleCache::rebuildChannelFlags()
+void ConsoleCache::buildChannelFlags(DerivedCaches& caches) const
 {
-    m_channelFlags.fill(0);
-    m_independentFlags.fill(0);
+    caches.channelFlags.fill(0);
+    caches.independentFlags.fill(0);
     if (!m_record)
         return;
     const int channels = clampCount(m_record->channelCount, ConsoleStateRecord::maxChannels);
@@ -136,29 +157,29 @@ void ConsoleCache::rebuildChannelFlags()
         if (entry == 0)
             continue;
         if (entry - 1 < channels) {
-            m_channelFlags[entry - 1] |= ChannelPatched;
+            caches.channelFlags[entry - 1] |= ChannelPatched;
         } else {
             const size_t independent = size_t(entry - 1 - channels);
-            if (independent < m_independentFlags.size())
-                m_independentFlags[independent] = 1;
+            if (independent < caches.independentFlags.size())
+                caches.independentFlags[independent] = 1;
         }
     }
     for (int device = 0; device < ConsoleStateRecord::maxDevices; ++device) {
         const int channel = channels - devices + device;
         if (m_record->devices[device].firstAddress != 0 && channel >= 0 && channel < channels)
-            m_channelFlags[channel] |= ChannelDevicePatched;
+            caches.channelFlags[channel] |= ChannelDevicePatched;
     }
 }
 
-void ConsoleCache::rebuildMidiCircuitFlags()
+void ConsoleCache::buildMidiCircuitFlags(DerivedCaches& caches) const
 {
-    m_midiCircuitFlags.fill(0);
+    caches.midiCircuitFlags.fill(0);
     if (!m_record)
         return;
     for (int channel = 0; channel < ConsoleStateRecord::maxChannels; ++channel) {
         const int circuit = m_record->midiCircuits[channel];
         if (circuit >= 1 && circuit <= midiCircuitCount)
-            m_midiCircuitFlags[circuit - 1] |= 1;
+            caches.midiCircuitFlags[circuit - 1] |= 1;
     }
 }
 
@@ -642,12 +663,24 @@ int ConsoleCache::sequenceKey(int page, int fader) const
     return faders * page + fader;
 }
 
-void ConsoleCache::insertStep(int page, int fader, int step, int cueValue, quint32 contentType,
+int ConsoleCache::stepCapacity(int page)
+{
+    return page == -1 ? ConsoleStateRecord::maxStackSteps : SequenceRecord::maxSteps;
+}
+
+bool ConsoleCache::insertStep(int page, int fader, int step, int cueValue, quint32 contentType,
                               quint16 contentIndex)
 {
+    // The engine refuses a step beyond the capacity; a hook left waiting
+    // for it would fill whatever step a later notification names.
+    const int count = stepCount(page, fader);
+    if (count >= stepCapacity(page))
+        return false;
+    // The engine appends a step asked for beyond the end.
     m_console->appendHook(new Console::InsertSequenceStepCacheUpdateHook(
-        this, page, fader, step, contentType, contentIndex));
+        this, page, fader, std::min(step, count), contentType, contentIndex, quint16(cueValue)));
     report(ConsoleCode::InsertStep, sequenceKey(page, fader), step, cueValue);
+    return true;
 }
 
 void ConsoleCache::deleteStep(int page, int fader, int step)

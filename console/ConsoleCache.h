@@ -9,6 +9,8 @@
 #include <QString>
 
 #include <array>
+#include <memory>
+#include <mutex>
 #include <optional>
 
 class Console;
@@ -72,15 +74,45 @@ public:
     int patchAddressCount() const;
     ConsoleType consoleType() const;
 
-    // Derived caches.
-    quint8 addressFlags(int address) const { return m_addressFlags[address]; }
-    int addressDevice(int address) const { return m_addressDevice[address]; }
-    quint8 channelFlags(int channel) const { return m_channelFlags[channel]; }
-    quint8 independentFlags(int independent) const { return m_independentFlags[independent]; }
-    quint8 midiCircuitFlags(int circuit) const { return m_midiCircuitFlags[circuit]; }
-    void rebuildAddressMap();
-    void rebuildChannelFlags();
-    void rebuildMidiCircuitFlags();
+    // The caches derived from the patch, rebuilt on the engine's thread and
+    // read on the GUI thread: a rebuild fills a fresh copy and publishes it
+    // whole, so a reader never sees a half-built map.
+    struct DerivedCaches
+    {
+        std::array<quint8, ConsoleStateRecord::addressCount> addressFlags{};
+        std::array<quint8, ConsoleStateRecord::addressCount> addressDevice{};
+        std::array<quint8, ConsoleStateRecord::maxChannels> channelFlags{};
+        std::array<quint8, 2> independentFlags{};
+        std::array<quint8, 128> midiCircuitFlags{};
+    };
+    // One consistent version, for readers that look at many entries.
+    std::shared_ptr<const DerivedCaches> derivedCaches() const;
+    quint8 addressFlags(int address) const
+    {
+        return derivedByte(&DerivedCaches::addressFlags, address);
+    }
+    int addressDevice(int address) const
+    {
+        return derivedByte(&DerivedCaches::addressDevice, address);
+    }
+    quint8 channelFlags(int channel) const
+    {
+        return derivedByte(&DerivedCaches::channelFlags, channel);
+    }
+    quint8 independentFlags(int independent) const
+    {
+        return derivedByte(&DerivedCaches::independentFlags, independent);
+    }
+    quint8 midiCircuitFlags(int circuit) const
+    {
+        return derivedByte(&DerivedCaches::midiCircuitFlags, circuit);
+    }
+    // Rebuilds the address map with the channel flags, and/or the MIDI
+    // circuit flags, and publishes the result.
+    void rebuildDerivedCaches(bool addresses, bool midiCircuits);
+    void rebuildAddressMap() { rebuildDerivedCaches(true, false); }
+    void rebuildChannelFlags() { rebuildDerivedCaches(true, false); }
+    void rebuildMidiCircuitFlags() { rebuildDerivedCaches(false, true); }
 
     // Texts the engine keeps in its area after the record.
     QString showFileName() const;
@@ -164,7 +196,11 @@ public:
     QString stepContentName(int page, int fader, int step) const;
     // Key of a sequence in the step requests.
     int sequenceKey(int page, int fader) const;
-    void insertStep(int page, int fader, int step, int cueValue, quint32 contentType,
+    // Steps a sequence (24) or the stack (199) can hold.
+    static int stepCapacity(int page);
+    // Asks the engine for a new step and fills in its content when the
+    // engine has made it. False, and nothing sent, when the list is full.
+    bool insertStep(int page, int fader, int step, int cueValue, quint32 contentType,
                     quint16 contentIndex);
     void deleteStep(int page, int fader, int step);
     void moveStep(int page, int fader, int from, int to, int value);
@@ -245,16 +281,25 @@ private:
     const TextBlock* memoryNameBlock(int page, int index) const;
     void report(int code, int a = 0, int b = 0, int c = 0);
     void sendUpdate(int code, int a = 0, int b = 0, int c = 0);
+    template <size_t N>
+    quint8 derivedByte(std::array<quint8, N> DerivedCaches::*table, int index) const
+    {
+        std::lock_guard lock(m_derivedMutex);
+        return (m_derived.get()->*table)[size_t(index)];
+    }
+    void buildAddressMap(DerivedCaches& caches) const;
+    void buildChannelFlags(DerivedCaches& caches) const;
+    void buildMidiCircuitFlags(DerivedCaches& caches) const;
 
     int m_channelCount = 0;
     int m_pageCount = 0;
     int m_firstDeviceChannel = 0;
     int m_firstSequenceFader = 0;
-    std::array<quint8, ConsoleStateRecord::addressCount> m_addressFlags{};
-    std::array<quint8, ConsoleStateRecord::addressCount> m_addressDevice{};
-    std::array<quint8, ConsoleStateRecord::maxChannels> m_channelFlags{};
-    std::array<quint8, 2> m_independentFlags{};
-    std::array<quint8, 128> m_midiCircuitFlags{};
+    // Guards the pointer only; a published version is never written again.
+    mutable std::mutex m_derivedMutex;
+    std::shared_ptr<const DerivedCaches> m_derived = std::make_shared<DerivedCaches>();
+    // Serialises rebuilds, so that one does not publish over another's part.
+    std::mutex m_rebuildMutex;
     Console* m_console;
     ConsoleStateRecord* m_record = nullptr;
 };

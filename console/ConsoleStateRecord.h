@@ -41,6 +41,8 @@ struct ContentRecord
     quint8 reserved[168];
 };
 static_assert(sizeof(ContentRecord) == 2665);
+static_assert(offsetof(ContentRecord, contentMask) == 96);
+static_assert(offsetof(ContentRecord, parameters) == 97);
 
 struct MemoryRecord
 {
@@ -52,6 +54,10 @@ struct MemoryRecord
     quint8 hasEffect;
 };
 static_assert(sizeof(MemoryRecord) == 2712);
+static_assert(offsetof(MemoryRecord, name) == 2666);
+static_assert(offsetof(MemoryRecord, time) == 2708);
+static_assert(offsetof(MemoryRecord, recorded) == 2710);
+static_assert(offsetof(MemoryRecord, hasEffect) == 2711);
 
 struct StepRecord
 {
@@ -65,6 +71,12 @@ struct StepRecord
     quint8 padding;
 };
 static_assert(sizeof(StepRecord) == 16);
+static_assert(offsetof(StepRecord, contentIndex) == 2);
+static_assert(offsetof(StepRecord, contentType) == 4);
+static_assert(offsetof(StepRecord, upTime) == 8);
+static_assert(offsetof(StepRecord, downTime) == 10);
+static_assert(offsetof(StepRecord, waitTime) == 12);
+static_assert(offsetof(StepRecord, flags) == 14);
 
 struct SequenceRecord
 {
@@ -79,6 +91,12 @@ struct SequenceRecord
     TextBlock name;
 };
 static_assert(sizeof(SequenceRecord) == 440);
+static_assert(offsetof(SequenceRecord, stepCount) == 384);
+static_assert(offsetof(SequenceRecord, mode) == 388);
+static_assert(offsetof(SequenceRecord, marked) == 392);
+static_assert(offsetof(SequenceRecord, rate) == 394);
+static_assert(offsetof(SequenceRecord, fade) == 396);
+static_assert(offsetof(SequenceRecord, name) == 398);
 
 struct PaletteRecord
 {
@@ -89,6 +107,9 @@ struct PaletteRecord
     quint8 include[24][7];
 };
 static_assert(sizeof(PaletteRecord) == 1496);
+static_assert(offsetof(PaletteRecord, names) == 2);
+static_assert(offsetof(PaletteRecord, values) == 128);
+static_assert(offsetof(PaletteRecord, include) == 1328);
 
 struct GroupRecord
 {
@@ -97,6 +118,8 @@ struct GroupRecord
     TextBlock name;
 };
 static_assert(sizeof(GroupRecord) == 68);
+static_assert(offsetof(GroupRecord, members) == 1);
+static_assert(offsetof(GroupRecord, name) == 26);
 
 struct IndependentRecord
 {
@@ -109,6 +132,11 @@ struct IndependentRecord
     TextBlock legend;
 };
 static_assert(sizeof(IndependentRecord) == 48);
+static_assert(offsetof(IndependentRecord, onLevel) == 1);
+static_assert(offsetof(IndependentRecord, currentLevel) == 2);
+static_assert(offsetof(IndependentRecord, buttonMode) == 3);
+static_assert(offsetof(IndependentRecord, grandMasterExempt) == 4);
+static_assert(offsetof(IndependentRecord, legend) == 6);
 
 struct EffectRecord
 {
@@ -124,6 +152,9 @@ struct EffectRecord
     TextBlock name;
 };
 static_assert(sizeof(EffectRecord) == 58);
+static_assert(offsetof(EffectRecord, speed) == 2);
+static_assert(offsetof(EffectRecord, direction) == 14);
+static_assert(offsetof(EffectRecord, name) == 16);
 
 struct DeviceRecord
 {
@@ -145,6 +176,14 @@ struct DeviceRecord
     quint8 padding3;
 };
 static_assert(sizeof(DeviceRecord) == 258);
+static_assert(offsetof(DeviceRecord, footprint) == 2);
+static_assert(offsetof(DeviceRecord, invertedColourMixing) == 4);
+static_assert(offsetof(DeviceRecord, colourModel) == 5);
+static_assert(offsetof(DeviceRecord, personalityName) == 6);
+static_assert(offsetof(DeviceRecord, secondName) == 25);
+static_assert(offsetof(DeviceRecord, parameterMap) == 44);
+static_assert(offsetof(DeviceRecord, notInvertedMask) == 102);
+static_assert(offsetof(DeviceRecord, colourComponents) == 250);
 
 struct FaderRecord
 {
@@ -154,6 +193,7 @@ struct FaderRecord
     quint8 rest[193];
 };
 static_assert(sizeof(FaderRecord) == 196);
+static_assert(offsetof(FaderRecord, pageLoaded) == 2);
 
 struct PlaybackRecord
 {
@@ -169,6 +209,10 @@ struct PlaybackRecord
     quint16 remainingWait;
 };
 static_assert(sizeof(PlaybackRecord) == 16);
+static_assert(offsetof(PlaybackRecord, rate) == 6);
+static_assert(offsetof(PlaybackRecord, fade) == 8);
+static_assert(offsetof(PlaybackRecord, remainingDown) == 10);
+static_assert(offsetof(PlaybackRecord, remainingWait) == 14);
 
 // Colours stored red, blue, green; equal on/off colours mean steady.
 struct LedRecord
@@ -186,6 +230,9 @@ struct DmxWrite
     quint8 palette; // palette index + 1, 0 for a level write
 };
 static_assert(sizeof(DmxWrite) == 8);
+static_assert(offsetof(DmxWrite, address) == 4);
+static_assert(offsetof(DmxWrite, level) == 6);
+static_assert(offsetof(DmxWrite, palette) == 7);
 
 // The three text slots and the personality list slot hold a byte offset from
 // the record base into the engine's area right after the record (a 64-bit

@@ -10,28 +10,9 @@
 
 namespace {
 constexpr size_t recordBytes = sizeof(ConsoleStateRecord) + RecordArea::size;
-
-struct ModelCounts
-{
-    int channels;
-    int faders;
-    int devices;
-    int patchAddresses;
-};
-
-ModelCounts countsOf(ConsoleCache::ConsoleType model)
-{
-    switch (model) {
-    case ConsoleCache::ModelBirch:
-        return {96, 24, 0, 512};
-    case ConsoleCache::ModelCedar:
-        return {96, 48, 0, 512};
-    case ConsoleCache::ModelMaple:
-        return {72, 24, 24, 1024};
-    default:
-        return {48, 24, 0, 512};
-    }
-}
+// Channels, faders, devices and patchable addresses, by model.
+constexpr int modelCounts[][4] = {
+    {48, 24, 0, 512}, {96, 24, 0, 512}, {96, 48, 0, 512}, {72, 24, 24, 1024}};
 } // namespace
 
 FakeEngine::FakeEngine(ConsoleCache::ConsoleType model)
@@ -50,11 +31,11 @@ void FakeEngine::setupModel(ConsoleCache::ConsoleType model)
 {
     std::memset(m_memory.get(), 0, recordBytes);
     m_areaUsed = 0;
-    const ModelCounts counts = countsOf(model);
-    m_record->channelCount = counts.channels;
-    m_record->faderCount = counts.faders;
-    m_record->deviceCount = counts.devices;
-    m_record->patchAddressCount = counts.patchAddresses;
+    const int* counts = modelCounts[model < ConsoleCache::ModelUnknown ? model : 0];
+    m_record->channelCount = counts[0];
+    m_record->faderCount = counts[1];
+    m_record->deviceCount = counts[2];
+    m_record->patchAddressCount = counts[3];
     m_record->pageCount = ConsoleStateRecord::pages;
     m_record->sequenceFaderCount = ConsoleStateRecord::sequenceFadersPerPage;
     m_record->consoleMode = 1;
@@ -64,38 +45,34 @@ void FakeEngine::setupModel(ConsoleCache::ConsoleType model)
     }
 }
 
-void FakeEngine::setText(AreaOffset& slot, const QString& text)
+AreaOffset FakeEngine::placeInArea(quint32 count, const void* items, quint32 itemSize)
 {
-    const quint32 length = quint32(text.size());
-    const quint32 bytes = 4 + length * 2;
+    const quint32 bytes = 4 + count * itemSize;
     Q_ASSERT(m_areaUsed + bytes <= RecordArea::size);
     const quint32 offset = RecordArea::begin + m_areaUsed;
-    quint8* place = m_memory.get() + offset;
-    std::memcpy(place, &length, 4);
-    std::memcpy(place + 4, text.utf16(), length * 2);
+    std::memcpy(m_memory.get() + offset, &count, 4);
+    if (count)
+        std::memcpy(m_memory.get() + offset + 4, items, count * itemSize);
     m_areaUsed += (bytes + 3) & ~3u;
-    RecordArea::storeSlot(slot, offset);
+    return offset;
+}
+
+void FakeEngine::setText(AreaOffset& slot, const QString& text)
+{
+    RecordArea::storeSlot(slot, placeInArea(quint32(text.size()), text.utf16(), 2));
 }
 
 void FakeEngine::setPersonalities(const QList<RecordArea::Personality>& personalities)
 {
     QList<RecordArea::PersonalityEntry> entries;
     for (const RecordArea::Personality& personality : personalities) {
-        RecordArea::PersonalityEntry entry{personality.id, personality.footprint, 0, 0};
-        setText(entry.manufacturer, personality.manufacturer);
-        setText(entry.name, personality.name);
-        entries.append(entry);
+        entries.append({personality.id, personality.footprint, 0, 0});
+        setText(entries.last().manufacturer, personality.manufacturer);
+        setText(entries.last().name, personality.name);
     }
-    const quint32 count = quint32(entries.size());
-    const quint32 bytes = 4 + count * quint32(sizeof(RecordArea::PersonalityEntry));
-    Q_ASSERT(m_areaUsed + bytes <= RecordArea::size);
-    const quint32 offset = RecordArea::begin + m_areaUsed;
-    quint8* place = m_memory.get() + offset;
-    std::memcpy(place, &count, 4);
-    if (count)
-        std::memcpy(place + 4, entries.constData(), count * sizeof(RecordArea::PersonalityEntry));
-    m_areaUsed += (bytes + 3) & ~3u;
-    RecordArea::storeSlot(m_record->personalities, offset);
+    RecordArea::storeSlot(m_record->personalities,
+                          placeInArea(quint32(entries.size()), entries.constData(),
+                                      sizeof(RecordArea::PersonalityEntry)));
 }
 
 Console* FakeEngine::createConsole(const QString& languageCode)
@@ -159,54 +136,35 @@ void FakeEngine::stopThread()
     m_thread = std::thread();
 }
 
-QList<FakeEngine::Call> FakeEngine::updates() const
-{
-    std::lock_guard lock(m_callMutex);
-    return m_updates;
-}
-
 QList<FakeEngine::Call> FakeEngine::takeUpdates()
 {
     std::lock_guard lock(m_callMutex);
     return std::exchange(m_updates, {});
 }
 
-void FakeEngine::clearUpdates()
-{
-    std::lock_guard lock(m_callMutex);
-    m_updates.clear();
-}
-
-QList<PanelEvent> FakeEngine::panelEvents() const
-{
-    std::lock_guard lock(m_callMutex);
-    return m_panelEvents;
-}
-
-QString FakeEngine::lastShowFileName() const
-{
-    std::lock_guard lock(m_callMutex);
-    return m_lastShowFileName;
-}
-
-void FakeEngine::start(IConsoleHandler* handler, int languageIndex, int modelVariant)
+void FakeEngine::start(IConsoleHandler* handler, int languageIndex, int)
 {
     m_handler = handler;
     m_languageIndex = languageIndex;
-    m_modelVariant = modelVariant;
-    m_released = false;
-    if (m_readyOnStart) {
-        if (RecordArea::loadSlot(m_record->consoleVersion) == 0)
-            setConsoleVersion(m_softwareVersion);
-        notify(ConsoleCode::VersionKnown);
+    if (m_readyAfterChecks < 0)
+        return;
+    if (RecordArea::loadSlot(m_record->consoleVersion) == 0)
+        setConsoleVersion(m_softwareVersion);
+    notify(ConsoleCode::VersionKnown);
+    if (m_readyAfterChecks == 0)
         notify(ConsoleCode::Ready);
-    }
+}
+
+QString FakeEngine::softwareVersion()
+{
+    if (++m_versionChecks == m_readyAfterChecks)
+        post(ConsoleCode::Ready);
+    return m_softwareVersion;
 }
 
 void FakeEngine::release()
 {
     stopThread();
-    m_released = true;
 }
 
 void FakeEngine::panelEvent(const PanelEvent* event)
@@ -217,15 +175,19 @@ void FakeEngine::panelEvent(const PanelEvent* event)
 
 void FakeEngine::update(int code, int a, int b, int c)
 {
-    std::lock_guard lock(m_callMutex);
-    m_updates.append({code, a, b, c});
+    {
+        std::lock_guard lock(m_callMutex);
+        m_updates.append({code, a, b, c});
+    }
+    if (m_answer)
+        m_answer({code, a, b, c});
 }
 
 int FakeEngine::openShow(QString fileName)
 {
     std::lock_guard lock(m_callMutex);
     m_lastShowFileName = fileName;
-    return int(m_openShowResult);
+    return int(OpenShowResult::Loaded);
 }
 
 void FakeEngine::saveShowAs(QString fileName)
