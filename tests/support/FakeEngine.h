@@ -87,6 +87,10 @@ public:
     // Stops the engine thread after it has delivered everything posted.
     void stopThread();
 
+    // Takes what the program has queued in the DMX write ring, as the
+    // engine does once a tick.
+    QList<DmxWrite> drainDmxWrites();
+
     // Every update() call so far, in order.
     QList<Call> updates() const;
     QList<Call> takeUpdates();
