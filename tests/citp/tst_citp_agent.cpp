@@ -102,9 +102,17 @@ private slots:
     void restartedPeerGetsTheStreamAgain();
     void peerNotListeningYetIsTriedAgain();
     void bothDiscoveryPortsGiveTwoSessions();
+    void peerDroppingTheSession_data();
+    void peerDroppingTheSession();
+    void everyLevelOfAPeerReachesTheEngine_data();
+    void everyLevelOfAPeerReachesTheEngine();
+    void noCipherNoLevels();
+    void selectionsInOneReadAreOneChange_data();
+    void selectionsInOneReadAreOneChange();
 
 private:
-    bool startAgent(quint16 assumedSessionPort = CITP::Manager::assumedSessionPort);
+    bool startAgent(quint16 assumedSessionPort = CITP::Manager::assumedSessionPort,
+                    QByteArrayView levelKey = CITPAgent::sharedLevelKey());
     CitpPeer::Options peerOptions(const QString& name) const;
     // A peer announced straight to the agent's location port, established.
     std::unique_ptr<TestPeer> establishedPeer(const QString& name = QStringLiteral("viz"));
@@ -134,7 +142,7 @@ void TestCitpAgent::cleanup()
     m_engine.reset();
 }
 
-bool TestCitpAgent::startAgent(quint16 assumedSessionPort)
+bool TestCitpAgent::startAgent(quint16 assumedSessionPort, QByteArrayView levelKey)
 {
     CITP::Manager::Settings settings;
     settings.locationPort = 0;
@@ -142,7 +150,7 @@ bool TestCitpAgent::startAgent(quint16 assumedSessionPort)
     settings.assumedSessionPort = assumedSessionPort;
     if (m_loopback.isValid())
         settings.multicastInterfaces = {m_loopback};
-    return CITPAgent::start(m_console, settings);
+    return CITPAgent::start(m_console, settings, levelKey);
 }
 
 CitpPeer::Options TestCitpAgent::peerOptions(const QString& name) const
@@ -482,6 +490,129 @@ void TestCitpAgent::bothDiscoveryPortsGiveTwoSessions()
     QTRY_COMPARE(byLocation.lines.size(), 6);
     QCOMPARE(CITPAgent::instance()->establishedSessionCount(), 2);
     QCOMPARE(CITP::Manager::instance()->peerList().size(), 2);
+}
+
+void TestCitpAgent::peerDroppingTheSession_data()
+{
+    QTest::addColumn<int>("dropAfter");
+    QTest::newRow("accepts and closes at once") << 0;
+    QTest::newRow("reads one message and closes") << 1;
+    QTest::newRow("closes after the greeting and the state") << 6;
+}
+
+void TestCitpAgent::peerDroppingTheSession()
+{
+    // The console changes right when the peer goes, before Lumidesk has
+    // noticed: the greeting or the walks over the sessions find it gone.
+    QFETCH(int, dropAfter);
+    auto steady = establishedPeer(QStringLiteral("steady"));
+    QVERIFY(steady);
+    select({2});
+    CitpPeer::Options options = peerOptions(QStringLiteral("dropping"));
+    options.dropAfterMessages = dropAfter;
+    TestPeer dropping(options);
+    QSignalSpy dropped(&dropping.peer, &CitpPeer::sessionClosed);
+    connect(&dropping.peer, &CitpPeer::sessionClosed, this, [&] {
+        select({int(dropped.size() % 20) + 2});
+        m_engine->notify(ConsoleCode::OutputsChanged);
+    });
+    QVERIFY(dropping.start());
+    QTRY_VERIFY_WITH_TIMEOUT(dropped.size() >= 2, 5000); // tried again, dropped again
+    dropping.peer.stop();
+    QTRY_COMPARE(CITPAgent::instance()->sessionCount(), 1);
+    const int before = steady->lines.size();
+    select({1});
+    QTRY_COMPARE(steady->from(before), QStringList{"FSEL/Sele complete=1 devices=1"});
+}
+
+void TestCitpAgent::everyLevelOfAPeerReachesTheEngine_data()
+{
+    QTest::addColumn<QStringList>("commands");
+    QTest::addColumn<int>("writes"); // entries the engine takes in all
+    const auto block = [](int universe, int seed) {
+        QStringList levels;
+        for (int i = 0; i < 512; ++i)
+            levels.append(QString::number((i * seed + universe) & 0xff));
+        return QStringLiteral("chbk %1 0 %2").arg(universe).arg(levels.join(','));
+    };
+    QTest::newRow("a whole universe") << QStringList{block(1, 7)} << 512;
+    QTest::newRow("both universes") << QStringList{block(0, 3), block(1, 5)} << 1024;
+    // Only the newest of a waiting address goes on; the first 99 of the
+    // first block were in the ring already.
+    QTest::newRow("a universe sent twice") << QStringList{block(0, 3), block(0, 11)} << 512 + 99;
+}
+
+void TestCitpAgent::everyLevelOfAPeerReachesTheEngine()
+{
+    QFETCH(QStringList, commands);
+    QFETCH(int, writes);
+    auto peer = establishedPeer();
+    QVERIFY(peer);
+    QMap<int, int> sent; // address: the level last sent
+    QString error;
+    for (const QString& command : commands) {
+        QVERIFY2(peer->peer.sendCommand(command, &error), qPrintable(error));
+        const QStringList words = command.split(' ');
+        const QStringList levels = words.at(3).split(',');
+        for (int i = 0; i < levels.size(); ++i)
+            sent[words.at(1).toInt() * 512 + i] = levels.at(i).toInt();
+    }
+    // The engine empties the ring a tick at a time.
+    QList<DmxWrite> taken;
+    QTRY_VERIFY_WITH_TIMEOUT((taken += m_engine->drainDmxWrites()).size() >= writes, 10000);
+    QCOMPARE(taken.size(), writes);
+    QMap<int, int> applied;
+    for (int i = 0; i < taken.size(); ++i) {
+        if (i < sent.size()) // each address first in the order it was sent
+            QCOMPARE(int(taken.at(i).address), sent.firstKey() + i);
+        applied[taken.at(i).address] = taken.at(i).level;
+    }
+    QCOMPARE(applied, sent);
+}
+
+void TestCitpAgent::noCipherNoLevels()
+{
+    CITPAgent::stop();
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Blowfish: a key of 73 bytes"));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no levels are sent"));
+    QTest::failOnWarning(QRegularExpression("cipher"));
+    QVERIFY(startAgent(CITP::Manager::assumedSessionPort, QByteArray(73, 'k')));
+    TestPeer peer(peerOptions(QStringLiteral("viz")));
+    QVERIFY(peer.start());
+    QTRY_COMPARE_WITH_TIMEOUT(peer.lines.size(), 4, 5000);
+    m_engine->notify(ConsoleCode::OutputsChanged);
+    select({1});
+    QTRY_COMPARE(peer.lines.size(), 5);
+    QCOMPARE(peer.lines, greeting() << "FSEL/Sele complete=1 devices=1");
+}
+
+void TestCitpAgent::selectionsInOneReadAreOneChange_data()
+{
+    QTest::addColumn<QStringList>("commands");
+    QTest::addColumn<DeviceSet>("after");
+    QStringList replacing;
+    for (int i = 0; i < 500; ++i)
+        replacing.append(QStringLiteral("sele %1").arg(i % 24 + 1));
+    QTest::newRow("500 complete selections") << replacing << DeviceSet{20};
+    QStringList adding;
+    for (int i = 0; i < 300; ++i)
+        adding.append(QString(i % 3 ? "sele add %1" : "dese %1").arg(i % 24 + 1));
+    QTest::newRow("300 additions and removals")
+        << adding << DeviceSet{2, 3, 5, 6, 8, 9, 11, 12, 14, 15, 17, 18, 20, 21, 23, 24};
+}
+
+void TestCitpAgent::selectionsInOneReadAreOneChange()
+{
+    QFETCH(QStringList, commands);
+    QFETCH(DeviceSet, after);
+    auto peer = establishedPeer();
+    QVERIFY(peer);
+    m_engine->clearUpdates();
+    QString error;
+    QVERIFY2(peer->peer.sendCommand(commands.join(';'), &error), qPrintable(error));
+    const FakeEngine::Call reported{ConsoleCode::DeviceStatusChanged, 0, 0, 0};
+    QTRY_COMPARE(m_engine->updates(), (QList<FakeEngine::Call>{reported}));
+    QCOMPARE(selected(), after);
 }
 
 void TestCitpAgent::initTestCase()
