@@ -497,7 +497,6 @@ void TestCitpAgent::peerDroppingTheSession_data()
     QTest::addColumn<int>("dropAfter");
     QTest::newRow("accepts and closes at once") << 0;
     QTest::newRow("reads one message and closes") << 1;
-    QTest::newRow("closes after the greeting and the state") << 6;
 }
 
 void TestCitpAgent::peerDroppingTheSession()
