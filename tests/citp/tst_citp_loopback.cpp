@@ -74,15 +74,13 @@ QString universeLine(const quint8* levels, int universe)
 }
 
 // A visualiser stand-in with every message it received, described line by
-// line (levels deciphered) and kept raw.
+// line (levels deciphered with the shared key).
 struct TestPeer
 {
     explicit TestPeer(const CitpPeer::Options& options) : peer(options)
     {
-        QObject::connect(&peer, &CitpPeer::messageReceived, &peer, [this](const Message& m) {
-            messages.append(m);
-            lines.append(peer.describe(m));
-        });
+        QObject::connect(&peer, &CitpPeer::messageReceived, &peer,
+                         [this](const Message& m) { lines.append(peer.describe(m)); });
     }
     bool start()
     {
@@ -92,7 +90,6 @@ struct TestPeer
     QStringList from(int n) const { return lines.mid(n); }
 
     CitpPeer peer;
-    QList<Message> messages;
     QStringList lines;
 };
 
@@ -138,11 +135,9 @@ private slots:
     void sessionEnds();
     void slowPeerKeepsOnlyTheNewestState();
 
-    void startAndStop();
-    void greetingThenCurrentState();
+    void greetingThenStopAndStart();
     void outputChangeSendsBothUniversesEnciphered_data();
     void outputChangeSendsBothUniversesEnciphered();
-    void sessionStillConnectingGetsNothing();
     void selectionOut_data();
     void selectionOut();
     void selectionIn_data();
@@ -300,7 +295,6 @@ void TestCitpLoopback::wrongSocketOrContentIsIgnored_data()
 
     QTest::newRow("PLoc on the name port") << ploc(7100) << true;
     QTest::newRow("PNam on the location port") << pnam(QStringLiteral("x")) << false;
-    QTest::newRow("size field off by one") << pnam(QStringLiteral("x")) + "!" << true;
     Message other;
     other.init(QStringLiteral("MSEX"), QByteArray("VSrc"));
     QTest::newRow("another layer") << other.toByteArray() << false;
@@ -417,27 +411,20 @@ void TestCitpLoopback::slowPeerKeepsOnlyTheNewestState()
     m_session->setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, 16 * 1024);
     m_accepted->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, 16 * 1024);
     m_accepted->setReadBufferSize(1);
-    Message message;
     constexpr int rounds = 20000;
+    QByteArray newest[2];
     for (int i = 0; i < rounds; ++i) {
+        Message message;
         message.initPNam(QStringLiteral("k%1 %2 ").arg(i % 2).arg(i) + QString(500, 'x'));
         m_session->sendState(i % 2, message);
+        newest[i % 2] = message.toByteArray();
         QVERIFY(m_session->bytesToWrite() <= CITP::Session::maxQueuedBytes + 1024);
     }
-    QVERIFY(m_session->heldStateMessages() > 0);
     m_accepted->setReadBufferSize(0);
-    CITP::StreamReader reader;
-    QStringList names;
-    QTRY_VERIFY_WITH_TIMEOUT(
-        [&] {
-            reader.append(m_accepted->readAll());
-            while (reader.next(message) == CITP::StreamReader::Status::MessageReady)
-                names.append(message.parsePNam().section(' ', 0, 1));
-            return names.size() >= 2 && names.constLast() == QStringLiteral("k1 19999");
-        }(),
-        10000);
-    QCOMPARE(names.mid(names.size() - 2), (QStringList{"k0 19998", "k1 19999"}));
-    QVERIFY(names.size() < rounds);
+    QByteArray received;
+    QTRY_VERIFY_WITH_TIMEOUT((received += m_accepted->readAll()).endsWith(newest[0] + newest[1]),
+                             10000);
+    QVERIFY(received.size() < rounds * newest[1].size());
 }
 
 CitpPeer::Options TestCitpLoopback::peerOptions(const QString& name) const
@@ -479,23 +466,10 @@ DeviceSet TestCitpLoopback::selected() const
     return devices;
 }
 
-void TestCitpLoopback::startAndStop()
+void TestCitpLoopback::greetingThenStopAndStart()
 {
     QVERIFY(!CITPAgent::start(m_console)); // one agent at a time
     QVERIFY(!Manager::start(loopback));
-    auto peer = establishedPeer();
-    QVERIFY(peer);
-    QCOMPARE(CITPAgent::instance()->establishedSessionCount(), 1);
-    QSignalSpy closed(&peer->peer, &CitpPeer::sessionClosed);
-    CITPAgent::stop();
-    QVERIFY(!manager());
-    QVERIFY(closed.wait(5000));
-    QVERIFY(!CITPAgent::start(nullptr));
-    QVERIFY(startAgent());
-}
-
-void TestCitpLoopback::greetingThenCurrentState()
-{
     m_engine->record()->dmxOutput[3] = 200;
     m_engine->record()->dmxOutput[700] = 9;
     auto peer = establishedPeer();
@@ -503,7 +477,13 @@ void TestCitpLoopback::greetingThenCurrentState()
     // A (re)connected visualiser is shown the stage as it is.
     QCOMPARE(peer->lines, greeting() << universeLine(m_engine->record()->dmxOutput, 0)
                                      << universeLine(m_engine->record()->dmxOutput, 1));
-    QCOMPARE(CITPAgent::instance()->sessionCount(), 1);
+    QCOMPARE(CITPAgent::instance()->establishedSessionCount(), 1);
+    QSignalSpy closed(&peer->peer, &CitpPeer::sessionClosed);
+    CITPAgent::stop();
+    QVERIFY(!manager());
+    QVERIFY(closed.wait(5000));
+    QVERIFY(!CITPAgent::start(nullptr));
+    QVERIFY(startAgent());
 }
 
 void TestCitpLoopback::outputChangeSendsBothUniversesEnciphered_data()
@@ -525,33 +505,13 @@ void TestCitpLoopback::outputChangeSendsBothUniversesEnciphered()
     quint8* levels = m_engine->record()->dmxOutput;
     for (int a = 0; a < 1024; ++a)
         levels[a] = quint8((a * 13 + 7) & 0xff);
-    const int before = int(peer->messages.size());
+    const int before = int(peer->lines.size());
     fromEngineThread ? m_engine->post(code) : m_engine->notify(code);
     m_engine->waitIdle();
-    QTRY_COMPARE(peer->messages.size(), before + 2);
+    QTRY_COMPARE(peer->lines.size(), before + 2);
     QTRY_COMPARE(second->lines.size(), 8);
     QCOMPARE(peer->from(before), (QStringList{universeLine(levels, 0), universeLine(levels, 1)}));
     QCOMPARE(second->from(6), peer->from(before));
-}
-
-void TestCitpLoopback::sessionStillConnectingGetsNothing()
-{
-    // An output change right when the peer is listed reaches nobody; the
-    // peer then gets the greeting, the current state once and the next change.
-    int earlyChanges = 0;
-    connect(manager(), &Manager::peerListChanged, this, [&] {
-        QCOMPARE(CITPAgent::instance()->sessionCount(), 1);
-        QCOMPARE(CITPAgent::instance()->establishedSessionCount(), 0);
-        m_engine->notify(ConsoleCode::OutputsChanged);
-        ++earlyChanges;
-    });
-    auto peer = establishedPeer();
-    QVERIFY(peer);
-    QCOMPARE(earlyChanges, 1);
-    select({1});
-    QTRY_COMPARE(peer->lines.size(), 7);
-    QCOMPARE(peer->lines.mid(0, 4), greeting());
-    QCOMPARE(peer->lines.at(6), "FSEL/Sele complete=1 devices=1");
 }
 
 void TestCitpLoopback::selectionOut_data()
