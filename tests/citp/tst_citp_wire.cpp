@@ -41,33 +41,27 @@ QByteArray withSize(quint32 size)
     return bytes;
 }
 
-QString ids(const QList<quint16>& list)
-{
-    QStringList parts;
-    for (quint16 id : list)
-        parts.append(QString::number(id));
-    return parts.join(',');
-}
-
 // What the parser of the message's content code makes of it.
 QString parsed(const Message& m)
 {
     if (m.sdmxType() == QLatin1String("ChBk")) {
         const Message::ChannelBlock b = m.parseChBk();
-        return QStringLiteral("blind=%1 universe=%2 first=%3 levels=%4")
-            .arg(b.blind)
-            .arg(b.universe)
-            .arg(b.firstChannel)
-            .arg(QByteArray(reinterpret_cast<const char*>(b.levels.data()), b.channelCount)
-                     .toHex()
-                     .constData());
+        const QByteArray levels(reinterpret_cast<const char*>(b.levels.data()), b.channelCount);
+        return QStringLiteral("blind=%1 universe=%2 first=%3 levels=")
+                   .arg(b.blind)
+                   .arg(b.universe)
+                   .arg(b.firstChannel) +
+               levels.toHex();
     }
-    if (m.fselType() == QLatin1String("Sele")) {
-        const Message::Selection s = m.parseSele();
-        return QStringLiteral("complete=%1 ids=%2").arg(s.complete).arg(ids(s.deviceIds));
+    const Message::Selection s = m.fselType() == QLatin1String("DeSe")
+                                     ? Message::Selection{false, m.parseDeSe()}
+                                     : m.parseSele();
+    if (!m.fselType().isEmpty()) {
+        QStringList ids;
+        for (quint16 id : s.deviceIds)
+            ids.append(QString::number(id));
+        return QStringLiteral("complete=%1 ids=%2").arg(s.complete).arg(ids.join(','));
     }
-    if (m.fselType() == QLatin1String("DeSe"))
-        return QStringLiteral("ids=") + ids(m.parseDeSe());
     if (m.pinfType() == QLatin1String("PNam"))
         return m.parsePNam();
     const Message::PeerLocation l = m.parsePLoc();
@@ -212,8 +206,9 @@ void TestCitpWire::parsers_data()
     row("Sele count 3 with room for two", "FSEL", hex("53656c65 00 00 0300 0100 0200 03"), "//Sele",
         "complete=0 ids=1,2");
     row("Sele shorter than 8 bytes", "FSEL", hex("53656c65 01 00 01"), "//Sele", "complete=0 ids=");
-    row("DeSe count 0", "FSEL", hex("44655365 0000"), "//DeSe", "ids=");
-    row("DeSe count 2 with room for one", "FSEL", hex("44655365 0200 1800"), "//DeSe", "ids=24");
+    row("DeSe count 0", "FSEL", hex("44655365 0000"), "//DeSe", "complete=0 ids=");
+    row("DeSe count 2 with room for one", "FSEL", hex("44655365 0200 1800"), "//DeSe",
+        "complete=0 ids=24");
     row("PLoc", "PINF", hex("504c6f63 2b13") + QByteArray("Visualizer\0Studio\0Running\0", 26),
         "PLoc//", "4907 [Visualizer] [Studio] [Running]");
     row("PLoc state without NUL ends at the payload's end", "PINF",
