@@ -293,10 +293,7 @@ void CITPAgent::selectionApplied()
     m_lastSelection = currentSelection();
     // A peer may send thousands of selections at once: the console hears
     // of them once, after the read.
-    if (m_selectionReportQueued)
-        return;
-    m_selectionReportQueued = true;
-    QMetaObject::invokeMethod(this, &CITPAgent::reportSelection, Qt::QueuedConnection);
+    runSoon(m_selectionReportQueued, &CITPAgent::reportSelection);
 }
 
 void CITPAgent::reportSelection()
@@ -313,10 +310,15 @@ void CITPAgent::remove(Session* session)
     session->closed = true;
     session->established = false;
     session->citpSession.clear();
-    if (m_deletionQueued)
+    runSoon(m_deletionQueued, &CITPAgent::deleteClosedSessions);
+}
+
+void CITPAgent::runSoon(bool& queued, void (CITPAgent::*method)())
+{
+    if (queued)
         return;
-    m_deletionQueued = true;
-    QMetaObject::invokeMethod(this, &CITPAgent::deleteClosedSessions, Qt::QueuedConnection);
+    queued = true;
+    QMetaObject::invokeMethod(this, method, Qt::QueuedConnection);
 }
 
 void CITPAgent::deleteClosedSessions()

@@ -99,6 +99,9 @@ private:
     void remove(Session* session);
     void deleteClosedSessions();
     void reportSelection();
+    // Runs the method once from the event loop, however often it is asked
+    // for before then.
+    void runSoon(bool& queued, void (CITPAgent::*method)());
     Selection currentSelection() const;
 
     static CITPAgent* s_instance;

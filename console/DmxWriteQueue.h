@@ -26,7 +26,6 @@ public:
     DmxWriteQueue& operator=(const DmxWriteQueue&) = delete;
 
     void push(const DmxWrite& entry);
-    int pendingCount() const { return int(m_order.size()); }
 
 private:
     void feed();

@@ -101,7 +101,8 @@ struct Recorder : CITP::Session::Handler
     {
         events.append(message.parsePNam());
         QMetaObject::invokeMethod(
-            qApp, [this] { events.append(QStringLiteral("tick")); }, Qt::QueuedConnection);
+            QCoreApplication::instance(), [this] { events.append(QStringLiteral("tick")); },
+            Qt::QueuedConnection);
     }
     void disconnected(CITP::Session*) override { events.append(QStringLiteral("disconnected")); }
 

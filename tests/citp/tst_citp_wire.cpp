@@ -308,8 +308,7 @@ void TestCitpWire::keys_data()
 
     QTest::newRow("the 56-byte session key, not weak")
         << QByteArray(reinterpret_cast<const char*>(CITP::sessionKey.data()), 56) << true << false;
-    // libgcrypt calls this one weak (an S-box entry repeats); the peers use it
-    // anyway.
+    // libgcrypt calls it weak (an S-box entry repeats); the peers use it anyway.
     QTest::newRow("a key libgcrypt calls weak") << hex("00002297") << true << true;
     QTest::newRow("72 bytes is the longest key") << QByteArray(72, '\x5a') << true << false;
     QTest::newRow("73 bytes is too long") << QByteArray(73, '\x5a') << false << false;
