@@ -17,22 +17,23 @@ const QString greetingName = QStringLiteral("Lumidesk");
 const QString universeNames[CITPAgent::universes] = {QStringLiteral("1"), QStringLiteral("2")};
 constexpr int addressCount = CITPAgent::universes * CITPAgent::levelsPerUniverse;
 
-QByteArrayView sessionKeyBytes()
-{
-    return QByteArrayView(CITP::sessionKey.data(), qsizetype(CITP::sessionKey.size()));
-}
-
 } // namespace
 
 CITPAgent* CITPAgent::s_instance = nullptr;
 
-bool CITPAgent::start(Console* console, const CITP::Manager::Settings& settings)
+QByteArrayView CITPAgent::sharedLevelKey()
+{
+    return QByteArrayView(CITP::sessionKey.data(), qsizetype(CITP::sessionKey.size()));
+}
+
+bool CITPAgent::start(Console* console, const CITP::Manager::Settings& settings,
+                      QByteArrayView levelKey)
 {
     if (s_instance || !console)
         return false;
     if (!CITP::Manager::start(settings))
         return false;
-    auto* agent = new CITPAgent(console);
+    auto* agent = new CITPAgent(console, levelKey);
     s_instance = agent;
     CITP::Manager* manager = CITP::Manager::instance();
     connect(manager, &CITP::Manager::peerListChanged, agent,
@@ -56,9 +57,12 @@ void CITPAgent::stop()
     s_instance = nullptr;
 }
 
-CITPAgent::CITPAgent(Console* console) : m_console(console), m_cipher(sessionKeyBytes())
+CITPAgent::CITPAgent(Console* console, QByteArrayView levelKey)
+    : m_console(console), m_cipher(levelKey)
 {
     m_clock.start();
+    if (!m_cipher.isValid())
+        qWarning("CITP: the level cipher could not be set up; no levels are sent to visualisers");
 }
 
 CITPAgent::~CITPAgent()
@@ -69,6 +73,12 @@ CITPAgent::~CITPAgent()
             delete session->citpSession;
         delete session;
     }
+}
+
+int CITPAgent::sessionCount() const
+{
+    return int(std::count_if(m_sessions.cbegin(), m_sessions.cend(),
+                             [](const Session* session) { return !session->closed; }));
 }
 
 int CITPAgent::establishedSessionCount() const
@@ -127,22 +137,32 @@ bool CITPAgent::mayAttempt(const CITP::PeerInfo& peer)
 
 void CITPAgent::greet(Session* session)
 {
-    CITP::Session* citp = session->citpSession;
-    if (!citp)
-        return;
+    // A peer that has gone ends the session inside a send; the rest of the
+    // greeting is then not sent.
+    const auto sent = [session](const CITP::Message& message) {
+        if (session->citpSession)
+            session->citpSession->send(message);
+        return !session->closed;
+    };
     CITP::Message message;
     message.initPNam(greetingName);
-    citp->send(message);
+    if (!sent(message))
+        return;
     message.initEnId(greetingName);
-    citp->send(message);
+    if (!sent(message))
+        return;
     for (int universe = 0; universe < universes; ++universe) {
         message.initUNam(quint8(universe), universeNames[universe]);
-        citp->send(message);
+        if (!sent(message))
+            return;
     }
     session->established = true;
     // A visualiser that (re)connects shows the stage as it is now, not only
     // after the next change.
-    citp->sendStates(outputMessages());
+    if (session->citpSession)
+        session->citpSession->sendStates(outputMessages());
+    if (session->closed)
+        return;
     const Selection selection = currentSelection();
     if (std::find(selection.cbegin(), selection.cend(), true) != selection.cend())
         sendSelection(session, selection);
@@ -153,7 +173,9 @@ void CITPAgent::consoleCacheOutputsUpdated()
     if (establishedSessionCount() == 0)
         return;
     const QList<CITP::Session::State> messages = outputMessages();
-    for (Session* session : std::as_const(m_sessions)) {
+    // Sessions that end during a send stay listed until this walk is over.
+    for (qsizetype i = 0; i < m_sessions.size(); ++i) {
+        Session* session = m_sessions.at(i);
         if (session->established && session->citpSession)
             session->citpSession->sendStates(messages);
     }
@@ -163,7 +185,8 @@ QList<CITP::Session::State> CITPAgent::outputMessages() const
 {
     QList<CITP::Session::State> messages;
     const ConsoleStateRecord* record = m_console ? m_console->cache()->record() : nullptr;
-    if (!record)
+    // Levels go out enciphered or not at all.
+    if (!record || !m_cipher.isValid())
         return messages;
     CITP::Message message;
     CITP::Message::ChannelBlock block;
@@ -196,9 +219,9 @@ void CITPAgent::consoleCacheDeviceStatusUpdated()
     const Selection current = currentSelection();
     if (current == m_lastSelection)
         return;
-    for (Session* session : std::as_const(m_sessions)) {
-        if (session->established)
-            sendSelection(session, current);
+    for (qsizetype i = 0; i < m_sessions.size(); ++i) {
+        if (m_sessions.at(i)->established)
+            sendSelection(m_sessions.at(i), current);
     }
     m_lastSelection = current;
 }
@@ -268,13 +291,44 @@ void CITPAgent::selectionApplied()
 {
     // Noted before the console reports the change, so it is not sent back.
     m_lastSelection = currentSelection();
-    m_console->deviceStatusChanged();
+    // A peer may send thousands of selections at once: the console hears
+    // of them once, after the read.
+    runSoon(m_selectionReportQueued, &CITPAgent::reportSelection);
+}
+
+void CITPAgent::reportSelection()
+{
+    m_selectionReportQueued = false;
+    if (m_console)
+        m_console->deviceStatusChanged();
 }
 
 void CITPAgent::remove(Session* session)
 {
-    m_sessions.removeAll(session);
-    delete session;
+    // Called from inside the TCP session, possibly deep inside one of our own
+    // sends or walks: the handler is deleted once those have returned.
+    session->closed = true;
+    session->established = false;
+    session->citpSession.clear();
+    runSoon(m_deletionQueued, &CITPAgent::deleteClosedSessions);
+}
+
+void CITPAgent::runSoon(bool& queued, void (CITPAgent::*method)())
+{
+    if (queued)
+        return;
+    queued = true;
+    QMetaObject::invokeMethod(this, method, Qt::QueuedConnection);
+}
+
+void CITPAgent::deleteClosedSessions()
+{
+    m_deletionQueued = false;
+    const auto closed =
+        std::stable_partition(m_sessions.begin(), m_sessions.end(),
+                              [](const Session* session) { return !session->closed; });
+    std::for_each(closed, m_sessions.end(), [](const Session* session) { delete session; });
+    m_sessions.erase(closed, m_sessions.end());
 }
 
 CITPAgent::Session::Session(CITPAgent* agent) : agent(agent) {}

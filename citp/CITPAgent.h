@@ -42,14 +42,17 @@ public:
     };
 
     // Starts listening for peers; false when an agent runs already (the
-    // program then goes on without CITP). Tests pass their own ports.
+    // program then goes on without CITP). Tests pass their own ports and key.
     static bool start(Console* console,
-                      const CITP::Manager::Settings& settings = CITP::Manager::Settings());
+                      const CITP::Manager::Settings& settings = CITP::Manager::Settings(),
+                      QByteArrayView levelKey = sharedLevelKey());
+    // The key the visualisers share for the level blocks.
+    static QByteArrayView sharedLevelKey();
     // Stops the manager (and with it every session), then deletes the agent.
     static void stop();
     static CITPAgent* instance() { return s_instance; }
 
-    int sessionCount() const { return int(m_sessions.size()); }
+    int sessionCount() const;
     int establishedSessionCount() const;
 
 public slots:
@@ -73,11 +76,13 @@ private:
         CITPAgent* agent;
         QPointer<CITP::Session> citpSession;
         bool established = false;
+        // Ended; deleted once no call into it is running any more.
+        bool closed = false;
     };
 
     using Selection = std::array<bool, devices>;
 
-    explicit CITPAgent(Console* console);
+    CITPAgent(Console* console, QByteArrayView levelKey);
     ~CITPAgent() override;
 
     void openSession(const CITP::PeerInfo& peer);
@@ -92,11 +97,18 @@ private:
     void applyDeselection(const QList<quint16>& deviceIds);
     void selectionApplied();
     void remove(Session* session);
+    void deleteClosedSessions();
+    void reportSelection();
+    // Runs the method once from the event loop, however often it is asked
+    // for before then.
+    void runSoon(bool& queued, void (CITPAgent::*method)());
     Selection currentSelection() const;
 
     static CITPAgent* s_instance;
 
     QList<Session*> m_sessions;
+    bool m_deletionQueued = false;
+    bool m_selectionReportQueued = false;
     Selection m_lastSelection{};
     QPointer<Console> m_console;
     // Every session uses the same fixed key, and ECB gives the same bytes

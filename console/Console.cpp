@@ -165,20 +165,8 @@ int Console::consoleStatus() const
 
 void Console::writeDmx(quint16 address, quint8 value, bool asPalette)
 {
-    ConsoleStateRecord* record = m_cache.record();
-    if (!record)
-        return;
-    const DmxWrite entry{0, address, quint8(asPalette ? 0 : value),
-                         quint8(asPalette ? value + 1 : 0)};
-    constexpr int size = ConsoleStateRecord::dmxWriteRingSize;
-    // Single writer of the write index, single reader (the engine) of the ring.
-    const quint8 write = __atomic_load_n(&record->dmxWriteIndex, __ATOMIC_RELAXED);
-    const quint8 read = __atomic_load_n(&record->dmxReadIndex, __ATOMIC_ACQUIRE);
-    const quint8 next = quint8((write + 1) % size);
-    if (write >= size || next == read)
-        return;
-    record->dmxWriteRing[write] = entry;
-    __atomic_store_n(&record->dmxWriteIndex, next, __ATOMIC_RELEASE);
+    m_dmxWrites.push(
+        {0, address, quint8(asPalette ? 0 : value), quint8(asPalette ? value + 1 : 0)});
 }
 
 void Console::appendHook(CacheUpdateHook* hook)

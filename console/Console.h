@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ConsoleCache.h"
+#include "DmxWriteQueue.h"
 #include "IConsoleHandler.h"
 
 #include <QList>
@@ -136,7 +137,7 @@ public:
     int consoleStatus() const;
 
     // Queues a DMX level (or, with asPalette, a palette index) for the
-    // engine. Dropped silently when the engine has not caught up.
+    // engine; what the engine has not taken yet waits, newest per address.
     void writeDmx(quint16 address, quint8 value, bool asPalette);
 
     // Takes ownership of the hook.
@@ -210,6 +211,7 @@ private:
     ConsoleEngine* m_engine;
     std::atomic<bool> m_suspended{false};
     ConsoleCache m_cache;
+    DmxWriteQueue m_dmxWrites{&m_cache};
     std::atomic<bool> m_ready{false};
     std::atomic<bool> m_versionKnown{false};
     QTimer m_blinkTimer;

@@ -2,7 +2,8 @@
 // One output change with 16 established visualisers on loopback: the cost of
 // the agent's work (two enciphered ChBk per peer), the time until the last
 // peer holds both messages, and the agent thread's CPU share at 44 changes
-// per second. Peers read on their own thread with plain sockets.
+// per second. Peers read on their own thread with plain sockets. Also the
+// cost of a peer's whole universe while the engine lags behind.
 
 #include "citp/Blowfish.h"
 #include "citp/CITPAgent.h"
@@ -311,6 +312,22 @@ void BM_EncipherUniverse(benchmark::State& state)
     }
 }
 BENCHMARK(BM_EncipherUniverse);
+
+// A peer streaming whole universes while the engine takes nothing: past the
+// ring's 99 entries every level waits, the newest per address.
+void BM_PeerUniverseWhileEngineLags(benchmark::State& state)
+{
+    FakeEngine engine(ConsoleCache::ModelMaple);
+    const std::unique_ptr<Console> console(engine.createConsole());
+    quint8 level = 0;
+    for (auto _ : state) {
+        for (int address = 0; address < CITPAgent::levelsPerUniverse; ++address)
+            console->writeDmx(quint16(address), level, false);
+        ++level;
+    }
+    state.SetItemsProcessed(state.iterations() * CITPAgent::levelsPerUniverse);
+}
+BENCHMARK(BM_PeerUniverseWhileEngineLags);
 
 } // namespace
 

@@ -136,6 +136,17 @@ void FakeEngine::stopThread()
     m_thread = std::thread();
 }
 
+QList<DmxWrite> FakeEngine::drainDmxWrites()
+{
+    QList<DmxWrite> taken;
+    const quint8 write = __atomic_load_n(&m_record->dmxWriteIndex, __ATOMIC_ACQUIRE);
+    for (quint8 read = m_record->dmxReadIndex; read != write;
+         read = quint8((read + 1) % ConsoleStateRecord::dmxWriteRingSize))
+        taken.append(m_record->dmxWriteRing[read]);
+    __atomic_store_n(&m_record->dmxReadIndex, write, __ATOMIC_RELEASE);
+    return taken;
+}
+
 QList<FakeEngine::Call> FakeEngine::takeUpdates()
 {
     std::lock_guard lock(m_callMutex);

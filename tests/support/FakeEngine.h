@@ -78,6 +78,10 @@ public:
     // Stops the engine thread after it has delivered everything posted.
     void stopThread();
 
+    // Takes what the program has queued in the DMX write ring, as the
+    // engine does once a tick.
+    QList<DmxWrite> drainDmxWrites();
+
     // The calls the program made, in order.
     QList<Call> updates() const { return copy(&FakeEngine::m_updates); }
     QList<Call> takeUpdates();

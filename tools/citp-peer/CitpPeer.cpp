@@ -133,7 +133,9 @@ void CitpPeer::acceptConnections()
         connect(socket, &QTcpSocket::readyRead, this, [this, raw] { readFrom(raw); });
         connect(socket, &QTcpSocket::disconnected, this, [this, raw] { closed(raw); });
         emit sessionOpened(endpoint(socket));
-        if (socket->bytesAvailable() > 0)
+        if (m_options.dropAfterMessages == 0)
+            socket->abort();
+        else if (socket->bytesAvailable() > 0)
             readFrom(raw);
     }
 }
@@ -151,6 +153,11 @@ void CitpPeer::readFrom(Connection* connection)
             return;
         }
         emit messageReceived(message);
+        if (++connection->received == m_options.dropAfterMessages) {
+            // Unread bytes make the close a reset, as a crashing peer's does.
+            connection->socket->abort();
+            return;
+        }
     }
 }
 
@@ -174,18 +181,38 @@ QString CitpPeer::endpoint(const QTcpSocket* socket)
 
 void CitpPeer::send(const CITP::Message& message)
 {
-    const QByteArray bytes = message.toByteArray();
+    sendBytes(message.toByteArray());
+}
+
+void CitpPeer::sendBytes(const QByteArray& bytes)
+{
     for (const auto& connection : m_connections) {
         connection->socket->write(bytes);
         connection->socket->flush();
     }
 }
 
-bool CitpPeer::sendCommand(const QString& command, QString* error)
+bool CitpPeer::sendCommand(const QString& commands, QString* error)
+{
+    QByteArray bytes;
+    CITP::Message message;
+    for (const QString& command : commands.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        if (!parseCommand(command, message, error))
+            return false;
+        bytes += message.toByteArray();
+    }
+    if (m_connections.empty()) {
+        *error = QStringLiteral("no session open yet");
+        return false;
+    }
+    sendBytes(bytes);
+    return true;
+}
+
+bool CitpPeer::parseCommand(const QString& command, CITP::Message& message, QString* error)
 {
     const QStringList words = command.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
     const QString verb = words.value(0).toLower();
-    CITP::Message message;
     QList<int> numbers;
     if (verb == QLatin1String("chbk")) {
         bool universeOk = false;
@@ -229,11 +256,6 @@ bool CitpPeer::sendCommand(const QString& command, QString* error)
         *error = QStringLiteral("unknown command \"%1\" (chbk, sele or dese)").arg(command);
         return false;
     }
-    if (m_connections.empty()) {
-        *error = QStringLiteral("no session open yet");
-        return false;
-    }
-    send(message);
     return true;
 }
 

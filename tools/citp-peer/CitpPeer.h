@@ -41,6 +41,9 @@ public:
         // listen on 4811.
         quint16 listenPort = 0;
         int announceIntervalMs = 1000;
+        // A visualiser that gives up: drops each session after this many
+        // messages (0: as soon as it is accepted); -1 keeps it.
+        int dropAfterMessages = -1;
     };
 
     explicit CitpPeer(const Options& options, QObject* parent = nullptr);
@@ -57,8 +60,9 @@ public:
     // To every open session.
     void send(const CITP::Message& message);
     // "chbk UNIVERSE FIRST LEVEL,LEVEL,...", "sele [add] ID,ID,...",
-    // "dese [ID,ID,...]" (no list: every device).
-    bool sendCommand(const QString& command, QString* error);
+    // "dese [ID,ID,...]" (no list: every device). Several commands joined
+    // by ";" go out in one write.
+    bool sendCommand(const QString& commands, QString* error);
 
     // Levels of a received ChBk, deciphered with the session key.
     CITP::Message::ChannelBlock decipheredBlock(const CITP::Message& message) const;
@@ -77,8 +81,11 @@ private:
     {
         QTcpSocket* socket = nullptr;
         CITP::StreamReader reader;
+        int received = 0;
     };
 
+    static bool parseCommand(const QString& command, CITP::Message& message, QString* error);
+    void sendBytes(const QByteArray& bytes);
     void acceptConnections();
     void readFrom(Connection* connection);
     void closed(Connection* connection);

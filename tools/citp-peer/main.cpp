@@ -69,7 +69,8 @@ int main(int argc, char** argv)
     parser.setApplicationDescription(
         QStringLiteral("Stands in for a visualiser: announces itself, accepts Lumidesk's CITP "
                        "session and prints what arrives.\nCommands (standard input or --send): "
-                       "chbk UNIVERSE FIRST L,L,...  |  sele [add] ID,...  |  dese [ID,...]"));
+                       "chbk UNIVERSE FIRST L,L,...  |  sele [add] ID,...  |  dese [ID,...]; several "
+                       "joined by ';' go out in one write"));
     parser.addHelpOption();
     parser.addOptions({
         {QStringLiteral("name"), QStringLiteral("Peer name to announce."), QStringLiteral("name"),
