@@ -107,6 +107,9 @@ private:
     void unpatchDevice(int device);
     void moveDevice(int device, int address);
     void setDeviceDefaults(int device);
+    void releaseDeviceAddresses(int device);
+    void followPalette(int palette);
+    void captureLive(ContentRecord& content, const quint8* levels, bool selectedDevicesOnly) const;
     void insertStep(int key, int step, int cue);
     void deleteStep(int key, int step);
     void moveStep(int key, int to, int cue);

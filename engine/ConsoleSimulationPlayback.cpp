@@ -62,17 +62,17 @@ void ConsoleSimulation::resolveContent(const ContentRecord& content, CueTarget& 
             const ParameterEntry& entry = content.parameters[i];
             if (!(entry.flags & ParameterEntry::setBit))
                 continue;
-            target.parameterSet.set(size_t(i));
-            if ((entry.flags & ParameterEntry::paletteBit) && entry.value < 24) {
-                quint8 value = record_->palettes[entry.value].values[d][p];
-                if (isInvertedMix(record_->devices[d], p))
-                    value = quint8(~value);
-                target.parameterValue[size_t(i)] = value;
+            if (entry.flags & ParameterEntry::paletteBit) {
+                // A reference to a palette without this parameter brings nothing.
+                if (entry.value >= paletteCount ||
+                    !paletteOutput(*record_, entry.value, d, p, &target.parameterValue[size_t(i)]))
+                    continue;
                 target.parameterPalette[size_t(i)] = quint8(entry.value + 1);
             } else {
                 target.parameterValue[size_t(i)] = entry.value;
                 target.parameterPalette[size_t(i)] = 0;
             }
+            target.parameterSet.set(size_t(i));
         }
     }
 }

@@ -12,16 +12,10 @@
 
 using namespace SimulationRules;
 
-void ConsoleSimulation::recordMemory(int fader, bool selectedDevicesOnly)
+void ConsoleSimulation::captureLive(ContentRecord& content, const quint8* levels,
+                                    bool selectedDevicesOnly) const
 {
-    if (fader < 0 || fader >= profile_.faderCount)
-        return;
-    refresh(); // record what is on stage right now
-    const int page = record_->memoryPage;
-    MemoryRecord& memory = record_->memories[page * ConsoleStateRecord::memoriesPerPage + fader];
-    ContentRecord& content = memory.content;
     std::memset(static_cast<void*>(&content), 0, sizeof content);
-    const quint8* levels = record_->blindMode ? record_->blindLevels : record_->channelLevels;
     std::memcpy(content.channelLevels, levels, sizeof content.channelLevels);
     content.contentMask = 0x01;
     for (int d = 0; d < profile_.deviceCount; ++d) {
@@ -42,6 +36,17 @@ void ConsoleSimulation::recordMemory(int fader, bool selectedDevicesOnly)
                 content.contentMask |= quint8(1 << (group + 1));
         }
     }
+}
+
+void ConsoleSimulation::recordMemory(int fader, bool selectedDevicesOnly)
+{
+    if (fader < 0 || fader >= profile_.faderCount)
+        return;
+    refresh(); // record what is on stage right now
+    const int page = record_->memoryPage;
+    MemoryRecord& memory = record_->memories[page * ConsoleStateRecord::memoriesPerPage + fader];
+    captureLive(memory.content, record_->blindMode ? record_->blindLevels : record_->channelLevels,
+                selectedDevicesOnly);
     memory.recorded = 1;
     showChanged_ = true;
     notifier_.send(ConsoleCode::MemoryChanged, page, fader);
@@ -50,38 +55,17 @@ void ConsoleSimulation::recordMemory(int fader, bool selectedDevicesOnly)
 void ConsoleSimulation::recordStackCue()
 {
     refresh(); // record what is on stage right now
-    int slot = -1;
-    for (int n = 0; n < ConsoleStateRecord::stackCues && slot < 0; ++n) {
-        if (!record_->cueRecorded[n])
-            slot = n;
-    }
     StepList stack(record_, profile_.sequenceFaderCount * ConsoleStateRecord::pages);
-    if (slot < 0 || stack.count() >= stack.capacity())
-        return;
-    ContentRecord& content = record_->cueContents[slot];
-    std::memset(static_cast<void*>(&content), 0, sizeof content);
-    std::memcpy(content.channelLevels, record_->channelLevels, sizeof content.channelLevels);
-    content.contentMask = 0x01;
-    for (int d = 0; d < profile_.deviceCount; ++d) {
-        if (record_->devices[d].firstAddress == 0)
-            continue;
-        for (int p = 0; p < ContentRecord::parameterCount; ++p) {
-            if (record_->devices[d].parameterMap[p] == 0)
-                continue;
-            const size_t i = size_t(LiveState::parameterIndex(d, p));
-            const int palette = live_.parameterPalette[i];
-            content.parameters[i].flags =
-                quint8(ParameterEntry::setBit | (palette ? ParameterEntry::paletteBit : 0));
-            content.parameters[i].value = palette ? quint8(palette - 1) : live_.parameterValue[i];
-        }
-    }
-    record_->cueRecorded[slot] = 1;
     const int index = stack.count();
     const int lastCue = index > 0 ? record_->stackSteps[index - 1].cueNumber : 0;
-    stack.insert(index, quint16((lastCue / 10 + 1) * 10), *record_);
+    if (!stack.insert(index, quint16((lastCue / 10 + 1) * 10), *record_))
+        return;
+    // The cue's data lives at its step's position.
+    captureLive(record_->cueContents[index], record_->channelLevels, false);
+    record_->cueRecorded[index] = 1;
     StepRecord& step = record_->stackSteps[index];
     step.contentType = stepDirectCue;
-    step.contentIndex = quint16(slot);
+    step.contentIndex = quint16(index);
     step.flags = 0x01;
     if (players_[stackPlayback].next() < 0)
         players_[stackPlayback].setNext(index);
@@ -128,16 +112,13 @@ void ConsoleSimulation::pressSelectKey(int key, bool recording)
                 if (parameterGroup(p) != parameterGroupOfMode || device.parameterMap[p] == 0)
                     continue;
                 const size_t i = size_t(LiveState::parameterIndex(d, p));
-                const bool included = palette.include[d][p / 8] & (1 << (p % 8));
                 if (recording) {
                     palette.values[d][p] = isInvertedMix(device, p)
                                                ? quint8(~live_.parameterValue[i])
                                                : live_.parameterValue[i];
                     palette.include[d][p / 8] |= quint8(1 << (p % 8));
                     palette.flags |= quint8(1 << (parameterGroupOfMode + 1));
-                } else if (included) {
-                    const quint8 stored = palette.values[d][p];
-                    live_.parameterValue[i] = isInvertedMix(device, p) ? quint8(~stored) : stored;
+                } else if (paletteOutput(*record_, key, d, p, &live_.parameterValue[i])) {
                     live_.parameterPalette[i] = quint8(key + 1);
                 }
             }

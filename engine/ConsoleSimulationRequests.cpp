@@ -45,14 +45,12 @@ void ConsoleSimulation::handleUpdate(int code, int a, int b, int c)
             erase(a);
         break;
     case ConsoleCode::PaletteChanged:
-        // Parameters that follow this palette take its new values.
-        for (int d = 0; d < profile_.deviceCount; ++d) {
-            for (int p = 0; p < ContentRecord::parameterCount; ++p) {
-                const size_t i = size_t(LiveState::parameterIndex(d, p));
-                if (a >= 0 && a < 24 && live_.parameterPalette[i] == a + 1)
-                    live_.parameterValue[i] = record_->palettes[a].values[d][p];
-            }
-        }
+        followPalette(a);
+        showChanged_ = true;
+        dirty_ = true;
+        break;
+    case ConsoleCode::PatchChanged:
+        output_.patchChanged();
         showChanged_ = true;
         dirty_ = true;
         break;
@@ -66,6 +64,23 @@ void ConsoleSimulation::handleUpdate(int code, int a, int b, int c)
             dirty_ = true;
         }
         break;
+    }
+}
+
+void ConsoleSimulation::followPalette(int palette)
+{
+    if (palette < 0 || palette >= paletteCount)
+        return;
+    // Parameters that follow this palette take its new values; one it no
+    // longer includes keeps its last value as a plain level.
+    for (int d = 0; d < profile_.deviceCount; ++d) {
+        for (int p = 0; p < ContentRecord::parameterCount; ++p) {
+            const size_t i = size_t(LiveState::parameterIndex(d, p));
+            if (live_.parameterPalette[i] != palette + 1)
+                continue;
+            if (!paletteOutput(*record_, palette, d, p, &live_.parameterValue[i]))
+                live_.parameterPalette[i] = 0;
+        }
     }
 }
 
@@ -85,7 +100,9 @@ void ConsoleSimulation::patchDevice(int device, int personalityId, int address)
     const PersonalityLibrary::Personality* personality = PersonalityLibrary::find(personalityId);
     const int footprint = personality ? int(personality->layout.size()) : 0;
     if (personality && address >= 0 && address + footprint <= profile_.patchAddressCount) {
+        releaseDeviceAddresses(device);
         PersonalityLibrary::fillDevice(record_->devices[device], *personality, address);
+        releaseDeviceAddresses(device);
         setDeviceDefaults(device);
         showChanged_ = true;
         dirty_ = true;
@@ -100,11 +117,21 @@ void ConsoleSimulation::unpatchDevice(int device)
 {
     if (device < 0 || device >= profile_.deviceCount)
         return;
+    releaseDeviceAddresses(device);
     std::memset(static_cast<void*>(&record_->devices[device]), 0, sizeof(DeviceRecord));
     record_->deviceSelected[device] = 0;
     showChanged_ = true;
     dirty_ = true;
     notifier_.send(ConsoleCode::DeviceChanged, device);
+}
+
+void ConsoleSimulation::releaseDeviceAddresses(int device)
+{
+    // Writes held while nothing drove these addresses end where a device is
+    // patched, and where it leaves.
+    const DeviceRecord& record = record_->devices[device];
+    if (record.firstAddress != 0)
+        output_.releaseParked(record.firstAddress - 1, record.footprint);
 }
 
 void ConsoleSimulation::moveDevice(int device, int address)
@@ -114,7 +141,9 @@ void ConsoleSimulation::moveDevice(int device, int address)
     DeviceRecord& record = record_->devices[device];
     if (record.firstAddress != 0 && address >= 0 &&
         address + record.footprint <= profile_.patchAddressCount) {
+        releaseDeviceAddresses(device);
         record.firstAddress = quint16(address + 1);
+        releaseDeviceAddresses(device);
         showChanged_ = true;
         dirty_ = true;
     }
@@ -268,11 +297,9 @@ void ConsoleSimulation::applyDmxWrite(const DmxWrite& write)
         }
         const size_t i = size_t(LiveState::parameterIndex(d, parameter));
         if (palette > 0 && palette <= 24) {
-            quint8 value = record_->palettes[palette - 1].values[d][parameter];
-            if (isInvertedMix(device, parameter))
-                value = quint8(~value);
-            live_.parameterValue[i] = value;
-            live_.parameterPalette[i] = quint8(palette);
+            // A palette without a value for this parameter leaves it alone.
+            if (paletteOutput(*record_, palette - 1, d, parameter, &live_.parameterValue[i]))
+                live_.parameterPalette[i] = quint8(palette);
         } else {
             live_.parameterValue[i] = write.level;
             live_.parameterPalette[i] = 0;

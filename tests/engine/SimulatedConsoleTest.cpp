@@ -2,7 +2,7 @@
 // The simulated console as the program drives it: through Console, panel
 // events and the show operations, observed in the record and the signals.
 #include "ConsoleEngine.h"
-#include "ConsoleSession.h"
+#include "EngineSession.h"
 #include "EngineTestCodes.h"
 #include "PanelKey.h"
 #include "RecordArea.h"
@@ -31,6 +31,16 @@ QByteArray readFile(const QString& name)
 {
     QFile file(name);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Records the live look with channel 1 at level as a new cue at the
+// stack's end ("Rec Seq" held, GO).
+void recordCue(EngineSession& s, int level)
+{
+    s.moveFader(0, level);
+    s.press(PanelKey::RecordSequence);
+    s.tap(PanelKey::Go);
+    s.release(PanelKey::RecordSequence);
 }
 
 // Counts a Console signal on the test's thread (queued, like a view).
@@ -74,6 +84,13 @@ private slots:
     void displayAndLedsFollowTheMode();
     void stackFollowsOnAndPauses();
     void crossfaderPairRunsTheStackByHand();
+    void cueDataTravelsWithItsStep_data();
+    void cueDataTravelsWithItsStep();
+    void stackRecordsPastTwoHundredCues();
+    void paletteOutputUndoesInversionAndHonoursIncludes_data();
+    void paletteOutputUndoesInversionAndHonoursIncludes();
+    void repatchReleasesAParkedWrite_data();
+    void repatchReleasesAParkedWrite();
 
 private:
     QTemporaryDir files_;
@@ -82,14 +99,11 @@ private:
 
 void SimulatedConsoleTest::initTestCase()
 {
-    qputenv(std::string(EngineTest::manualClockVariable).c_str(), "1");
-    Console::registerMetaTypes();
     QVERIFY(files_.isValid());
     // A show from another model for the refusal tests.
     mapleShow_ = files_.filePath("maple.asc");
-    ConsoleSession maple("glowproEngine", 0);
-    QVERIFY(maple.isLoaded());
-    maple.console()->engine()->saveShowAs(mapleShow_);
+    EngineSession maple("glowproEngine", 0);
+    maple.engine()->saveShowAs(mapleShow_);
     QVERIFY(QFile::exists(mapleShow_));
 }
 
@@ -135,19 +149,14 @@ void SimulatedConsoleTest::cuePlaysBackWithItsTimes()
     QFETCH(int, remainingUp);
     QFETCH(int, remainingDown);
 
-    ConsoleSession s("glowEngine", 0);
-    QVERIFY(s.isLoaded());
-    s.console()->engine()->newShow();
+    EngineSession s("glowEngine", 0);
+    s.engine()->newShow();
     s.record()->dmxPatch[0] = 1;
     s.console()->patchChanged();
 
     // Record two cues from the channel fader with Rec Seq + GO.
-    for (int cueLevel : {from, to}) {
-        s.moveFader(0, cueLevel);
-        s.press(PanelKey::RecordSequence);
-        s.tap(PanelKey::Go);
-        s.release(PanelKey::RecordSequence);
-    }
+    for (int cueLevel : {from, to})
+        recordCue(s, cueLevel);
     s.moveFader(0, 0);
     QVERIFY(s.step());
     QCOMPARE(int(s.record()->stackStepCount), 2);
@@ -196,8 +205,7 @@ void SimulatedConsoleTest::faderGrandMasterAndBlackOutReachTheOutput()
     QFETCH(QString, library);
     QFETCH(int, variant);
     QFETCH(int, fader);
-    ConsoleSession s(library, variant);
-    QVERIFY(s.isLoaded());
+    EngineSession s(library, variant);
     ConsoleStateRecord* r = s.record();
     // The demo show patches channel n to address n.
     QCOMPARE(int(r->dmxPatch[fader]), fader + 1);
@@ -236,26 +244,25 @@ void SimulatedConsoleTest::faderGrandMasterAndBlackOutReachTheOutput()
 void SimulatedConsoleTest::savedShowOpensByteIdentical()
 {
     const QString name = files_.filePath("roundtrip.asc");
-    ConsoleSession s("glowproEngine", 0);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowproEngine", 0);
     SignalCount fileName(s.console(), &Console::playFileNameUpdated);
     SignalCount loaded(s.console(), &Console::playLoaded);
     s.cache()->setChannelLegend(5, 0, "Spot");
     QVERIFY(s.step());
     const QByteArray saved = s.showBytes();
 
-    s.console()->engine()->saveShowAs(name);
+    s.engine()->saveShowAs(name);
     QVERIFY(s.step());
     QCOMPARE(s.showFileName(), name);
     QCOMPARE(fileName.count, 1);
 
-    s.console()->engine()->newShow();
+    s.engine()->newShow();
     QVERIFY(s.step());
     QVERIFY(s.showBytes() != saved);
     QCOMPARE(s.showFileName(), QString());
     QCOMPARE(loaded.count, 1);
 
-    QCOMPARE(s.console()->engine()->openShow(name), 0);
+    QCOMPARE(s.engine()->openShow(name), 0);
     QVERIFY(s.step());
     QCOMPARE(loaded.count, 2);
     QCOMPARE(s.showFileName(), name);
@@ -279,10 +286,9 @@ void SimulatedConsoleTest::refusedShowFileLeavesTheShowIntact()
 {
     QFETCH(QString, kind);
     QFETCH(int, result);
-    ConsoleSession s("glowEngine", 1);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 1);
     const QString good = files_.filePath("birch.asc");
-    s.console()->engine()->saveShowAs(good);
+    s.engine()->saveShowAs(good);
     QVERIFY(s.step());
     const QByteArray valid = readFile(good);
     QVERIFY(!valid.isEmpty());
@@ -312,7 +318,7 @@ void SimulatedConsoleTest::refusedShowFileLeavesTheShowIntact()
     SignalCount loaded(s.console(), &Console::playLoaded);
     SignalCount fileName(s.console(), &Console::playFileNameUpdated);
 
-    QCOMPARE(s.console()->engine()->openShow(name), result);
+    QCOMPARE(s.engine()->openShow(name), result);
     QVERIFY(s.step());
     QVERIFY(s.showBytes() == before);
     QCOMPARE(s.showFileName(), good);
@@ -322,10 +328,9 @@ void SimulatedConsoleTest::refusedShowFileLeavesTheShowIntact()
 
 void SimulatedConsoleTest::failedSaveKeepsTheOldFile()
 {
-    ConsoleSession s("glowEngine", 2);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 2);
     const QString good = files_.filePath("cedar.asc");
-    s.console()->engine()->saveShowAs(good);
+    s.engine()->saveShowAs(good);
     QVERIFY(s.step());
     const QByteArray old = readFile(good);
 
@@ -334,7 +339,7 @@ void SimulatedConsoleTest::failedSaveKeepsTheOldFile()
     writeFile(blocker, "x");
     SignalCount fileName(s.console(), &Console::playFileNameUpdated);
     s.cache()->setChannelLegend(1, 0, "Edited");
-    s.console()->engine()->saveShowAs(blocker + "/show.asc");
+    s.engine()->saveShowAs(blocker + "/show.asc");
     QVERIFY(s.step());
     QCOMPARE(s.showFileName(), good);
     QCOMPARE(fileName.count, 0);
@@ -343,12 +348,12 @@ void SimulatedConsoleTest::failedSaveKeepsTheOldFile()
     // Saving where the file is a folder fails the same way.
     const QString folder = files_.filePath("folder.asc");
     QVERIFY(QDir().mkpath(folder));
-    s.console()->engine()->saveShowAs(folder);
+    s.engine()->saveShowAs(folder);
     QVERIFY(s.step());
     QCOMPARE(s.showFileName(), good);
 
     // Saving to the current file replaces it as a whole.
-    s.console()->engine()->saveShow();
+    s.engine()->saveShow();
     QVERIFY(s.step());
     const QByteArray replaced = readFile(good);
     QVERIFY(replaced != old);
@@ -369,10 +374,9 @@ void SimulatedConsoleTest::stepEditsKeepTheListConsistent()
     QFETCH(int, page);
     QFETCH(int, fader);
     QFETCH(int, capacity);
-    ConsoleSession s("glowEngine", 1);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 1);
     ConsoleCache* cache = s.cache();
-    s.console()->engine()->newShow();
+    s.engine()->newShow();
     QVERIFY(s.step());
 
     // Fill the list from the back, so every insert lands at the front. One
@@ -424,8 +428,7 @@ void SimulatedConsoleTest::stepEditsKeepTheListConsistent()
 
 void SimulatedConsoleTest::patchedDeviceFollowsItsPersonality()
 {
-    ConsoleSession s("glowproEngine", 0);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowproEngine", 0);
     const QList<RecordArea::Personality> personalities = RecordArea::personalities(s.record());
     QVERIFY(personalities.size() >= 12);
     // The 16-bit spot: pan, pan fine, tilt, tilt fine, ..., intensity at slot 13.
@@ -476,8 +479,7 @@ void SimulatedConsoleTest::eraseRequestsAreBulkChanges()
     QFETCH(int, subCode);
     QFETCH(bool, memoriesKept);
     QFETCH(bool, stackKept);
-    ConsoleSession s("glowEngine", 0);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 0);
     QVERIFY(s.record()->memories[0].recorded);
     QVERIFY(s.record()->stackStepCount > 0);
     SignalCount loaded(s.console(), &Console::playLoaded);
@@ -491,22 +493,19 @@ void SimulatedConsoleTest::eraseRequestsAreBulkChanges()
 void SimulatedConsoleTest::showSurvivesARestart()
 {
     {
-        ConsoleSession s("glowEngine", 0);
-        QVERIFY(s.isLoaded());
+        EngineSession s("glowEngine", 0);
         s.cache()->setChannelLegend(2, 1, "Kept");
         s.cache()->setPageName(0, 0, "Prolog");
         QVERIFY(s.step());
     }
-    ConsoleSession again("glowEngine", 0);
-    QVERIFY(again.isLoaded());
+    EngineSession again("glowEngine", 0);
     QCOMPARE(again.cache()->channelLegend(2, 1), QString("Kept"));
     QCOMPARE(again.cache()->pageName(0, 0), QString("Prolog"));
 }
 
 void SimulatedConsoleTest::memoryRecordedAndPlayedOnItsFader()
 {
-    ConsoleSession s("glowEngine", 0);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 0);
     ConsoleStateRecord* r = s.record();
     std::memset(&r->memories[5], 0, sizeof r->memories[5]);
     QList<Console::Memory> updated;
@@ -568,8 +567,7 @@ void SimulatedConsoleTest::sequenceRunsWithItsTimes()
     QFETCH(int, afterLive);
     QFETCH(int, channel1);
     QFETCH(int, channel2);
-    ConsoleSession s("glowEngine", 0);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 0);
     ConsoleStateRecord* r = s.record();
     const int sequenceFader = r->faderCount - r->sequenceFaderCount;
     s.tap(PanelKey::Memories);
@@ -589,8 +587,7 @@ void SimulatedConsoleTest::sequenceRunsWithItsTimes()
 
 void SimulatedConsoleTest::independentKeysLatchOrBump()
 {
-    ConsoleSession s("glowEngine", 0);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 0);
     ConsoleStateRecord* r = s.record();
     // The demo show: "Works" latches at full on 1:51, "Haze" bumps at 128 on 1:52.
     QCOMPARE(int(r->dmxPatch[50]), r->channelCount + 1);
@@ -611,8 +608,7 @@ void SimulatedConsoleTest::independentKeysLatchOrBump()
 
 void SimulatedConsoleTest::displayAndLedsFollowTheMode()
 {
-    ConsoleSession s("glowEngine", 0);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 0);
     ConsoleStateRecord* r = s.record();
     auto line = [r](int display, int row) {
         return QByteArray(reinterpret_cast<const char*>(r->lcdDisplays[display][row]), 20);
@@ -651,8 +647,7 @@ void SimulatedConsoleTest::displayAndLedsFollowTheMode()
 void SimulatedConsoleTest::stackFollowsOnAndPauses()
 {
     // The demo stack: cue 4 (3 s fades) goes on to cue 5 two seconds later.
-    ConsoleSession s("glowEngine", 1);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 1);
     ConsoleStateRecord* r = s.record();
     const PlaybackRecord& stack = r->playbacks[stackPlayback];
     for (int i = 0; i < 3; ++i)
@@ -686,8 +681,7 @@ void SimulatedConsoleTest::stackFollowsOnAndPauses()
 
 void SimulatedConsoleTest::crossfaderPairRunsTheStackByHand()
 {
-    ConsoleSession s("glowEngine", 0);
-    QVERIFY(s.isLoaded());
+    EngineSession s("glowEngine", 0);
     ConsoleStateRecord* r = s.record();
     // The demo's first cue brings channel 1 to 80 with 3 s fades.
     s.moveFader(PanelKey::CrossfaderA, 128);
@@ -706,6 +700,143 @@ void SimulatedConsoleTest::crossfaderPairRunsTheStackByHand()
     QVERIFY(s.step());
     QCOMPARE(int(r->playbacks[stackPlayback].afterLiveStep), 2);
     QCOMPARE(int(r->channelLevels[0]), 200);
+}
+
+void SimulatedConsoleTest::cueDataTravelsWithItsStep_data()
+{
+    QTest::addColumn<QString>("edit");
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<QString>("cues"); // name:channel 1 level of each stack cue, in step order
+    QTest::newRow("insert before the first") << "insert" << 0 << 0 << ":0 A:10 B:20 C:30";
+    QTest::newRow("insert in the middle") << "insert" << 2 << 0 << "A:10 B:20 :0 C:30";
+    QTest::newRow("delete the first") << "delete" << 0 << 0 << "B:20 C:30";
+    QTest::newRow("move the first behind the last") << "move" << 0 << 3 << "B:20 C:30 A:10";
+    QTest::newRow("move the last to the front") << "move" << 2 << 0 << "C:30 A:10 B:20";
+}
+
+void SimulatedConsoleTest::cueDataTravelsWithItsStep()
+{
+    QFETCH(QString, edit);
+    QFETCH(int, from);
+    QFETCH(int, to);
+    QFETCH(QString, cues);
+    EngineSession s("glowEngine", 0);
+    s.engine()->newShow();
+    for (int n = 0; n < 3; ++n)
+        recordCue(s, (n + 1) * 10);
+    s.moveFader(0, 0);
+    QVERIFY(s.step());
+    for (int n = 0; n < 3; ++n)
+        s.cache()->setMemoryName(-1, n, -1, QString(QChar('A' + n)));
+    if (edit == "insert")
+        s.cache()->insertStep(-1, -1, from, from * 10 + 5, 3, 0);
+    else if (edit == "delete")
+        s.cache()->deleteStep(-1, -1, from);
+    else
+        s.cache()->moveStep(-1, -1, from, to, to * 10 + 5);
+    QVERIFY(s.step());
+    QStringList shown;
+    for (int n = 0; n < s.record()->stackStepCount; ++n)
+        shown << s.cache()->memoryName(-1, n, -1) + ':' +
+                     QString::number(s.record()->cueContents[n].channelLevels[0]);
+    QCOMPARE(shown.join(' '), cues);
+    // GO plays the content of the step it names.
+    const int next = s.record()->playbacks[stackPlayback].nextStep;
+    s.tap(PanelKey::Go);
+    QVERIFY(s.step(10000));
+    QCOMPARE(int(s.record()->channelLevels[0]), shown.at(next).section(':', 1).toInt());
+}
+
+void SimulatedConsoleTest::stackRecordsPastTwoHundredCues()
+{
+    EngineSession s("glowEngine", 0);
+    s.engine()->newShow();
+    for (int n = 0; n < ConsoleStateRecord::maxStackSteps; ++n)
+        recordCue(s, 1);
+    for (int n = 0; n < 10; ++n)
+        s.cache()->deleteStep(-1, -1, 0);
+    for (int n = 0; n < 10; ++n)
+        recordCue(s, 7);
+    QVERIFY(s.step());
+    const int last = ConsoleStateRecord::maxStackSteps - 1;
+    QCOMPARE(int(s.record()->stackStepCount), last + 1);
+    QCOMPARE(int(s.record()->cueRecorded[last]), 1);
+    QCOMPARE(int(s.record()->cueContents[last].channelLevels[0]), 7);
+}
+
+void SimulatedConsoleTest::paletteOutputUndoesInversionAndHonoursIncludes_data()
+{
+    QTest::addColumn<bool>("includesRed");
+    QTest::addColumn<int>("edit"); // the palette's new red value; -1 takes red out
+    QTest::addColumn<int>("output");
+    QTest::addColumn<int>("shownPalette"); // dmxPalette: index + 1, 0 for a plain level
+    QTest::newRow("followed value edited") << true << 60 << 60 << 6;
+    QTest::newRow("followed value taken out") << true << -1 << 200 << 0;
+    QTest::newRow("palette without the parameter") << false << 60 << 90 << 0;
+}
+
+void SimulatedConsoleTest::paletteOutputUndoesInversionAndHonoursIncludes()
+{
+    QFETCH(bool, includesRed);
+    QFETCH(int, edit);
+    QFETCH(int, output);
+    QFETCH(int, shownPalette);
+    // "Wash 300" mixes inverted; its slots are pan, tilt, red (parameter 0), green (3), ...
+    constexpr int wash = 11, red = 0, green = 3, redAddress = 2;
+    EngineSession s("glowproEngine", 0);
+    ConsoleCache* cache = s.cache();
+    s.engine()->newShow();
+    cache->patchDevice(0, wash, 0);
+    QVERIFY(s.step());
+    cache->setPaletteValue(5, 0, includesRed ? red : green, 200);
+    s.console()->paletteChanged(5);
+    s.console()->writeDmx(redAddress, 90, false);
+    s.console()->writeDmx(redAddress, 5, true);
+    QVERIFY(s.step());
+    QCOMPARE(int(s.record()->dmxOutput[redAddress]), includesRed ? 200 : 90);
+    if (edit >= 0)
+        cache->setPaletteValue(5, 0, red, edit);
+    else
+        cache->clearPaletteInclude(5, 0, red);
+    s.console()->paletteChanged(5);
+    QVERIFY(s.step());
+    QCOMPARE(int(s.record()->dmxOutput[redAddress]), output);
+    QCOMPARE(int(s.record()->dmxPalette[redAddress]), shownPalette);
+}
+
+void SimulatedConsoleTest::repatchReleasesAParkedWrite_data()
+{
+    QTest::addColumn<QString>("library");
+    QTest::addColumn<QString>("repatch");
+    QTest::addColumn<int>("output");
+    QTest::newRow("channel patched onto it") << "glowEngine"
+                                             << "channel" << 40;
+    QTest::newRow("channel patched next to it") << "glowEngine"
+                                                << "neighbour" << 200;
+    QTest::newRow("device patched over it (pan at rest)") << "glowproEngine"
+                                                          << "device" << 128;
+}
+
+void SimulatedConsoleTest::repatchReleasesAParkedWrite()
+{
+    QFETCH(QString, library);
+    QFETCH(QString, repatch);
+    QFETCH(int, output);
+    EngineSession s(library, 0);
+    s.engine()->newShow();
+    s.moveFader(4, 40); // channel 5
+    s.console()->writeDmx(300, 200, false);
+    QVERIFY(s.step());
+    QCOMPARE(int(s.record()->dmxOutput[300]), 200);
+    if (repatch == "device") {
+        s.cache()->patchDevice(0, 11, 300);
+    } else {
+        s.record()->dmxPatch[repatch == "channel" ? 300 : 301] = 5;
+        s.console()->patchChanged();
+    }
+    QVERIFY(s.step());
+    QCOMPARE(int(s.record()->dmxOutput[300]), output);
 }
 
 QTEST_GUILESS_MAIN(SimulatedConsoleTest)
