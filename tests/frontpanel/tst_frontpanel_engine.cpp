@@ -16,23 +16,13 @@
 
 namespace {
 
-template <typename Item> Item* panelItem(FrontPanel& panel, int number)
+template <typename Item> Item* panelItem(FrontPanel& panel, int (Item::*number)() const, int wanted)
 {
     const QList<QGraphicsItem*> items = panel.panelScene()->items();
     for (QGraphicsItem* item : items) {
         auto* found = dynamic_cast<Item*>(item);
-        if (!found || item->parentItem())
-            continue;
-        if constexpr (std::is_same_v<Item, ConsoleButton>) {
-            if (found->buttonNumber() == number)
-                return found;
-        } else if constexpr (std::is_same_v<Item, ConsoleFader>) {
-            if (found->faderNumber() == number)
-                return found;
-        } else {
-            if (found->wheelNumber() == number)
-                return found;
-        }
+        if (found && !item->parentItem() && (found->*number)() == wanted)
+            return found;
     }
     return nullptr;
 }
@@ -115,7 +105,7 @@ void TestFrontPanelEngine::lcdShowsTheConsoleAtOnce()
 
 void TestFrontPanelEngine::modeKeyChangesTheConsoleAndComesBack()
 {
-    ConsoleButton* mems = panelItem<ConsoleButton>(*panel, 63);
+    ConsoleButton* mems = panelItem(*panel, &ConsoleButton::buttonNumber, 63);
     click(mems);
     const ConsoleStateRecord* record = console->cache()->record();
     QCOMPARE(record->liveMode, 1u);
@@ -125,7 +115,7 @@ void TestFrontPanelEngine::modeKeyChangesTheConsoleAndComesBack()
     QCOMPARE(mems->ledColour(), Button::shownLedColour(recordLed(console, 63)));
     QCOMPARE(panel->faderBlocks().first()->faderMode(), 5);
 
-    ConsoleButton* bank = panelItem<ConsoleButton>(*panel, 65);
+    ConsoleButton* bank = panelItem(*panel, &ConsoleButton::buttonNumber, 65);
     click(bank);
     QCOMPARE(record->liveMode, 0u);
     QVERIFY(isYellow(recordLed(console, 65)));
@@ -137,7 +127,7 @@ void TestFrontPanelEngine::modeKeyChangesTheConsoleAndComesBack()
 
 void TestFrontPanelEngine::channelFaderSetsTheChannelLevel()
 {
-    click(panelItem<ConsoleButton>(*panel, 65)); // channels 1-24
+    click(panelItem(*panel, &ConsoleButton::buttonNumber, 65)); // channels 1-24
     ConsoleFader* fader = panel->faderBlocks().first()->fader(3);
     const QPoint knob = panel->mapFromScene(fader->mapToScene(fader->knobRect().center()));
     QTest::mousePress(panel->viewport(), Qt::LeftButton, Qt::NoModifier, knob);
@@ -153,7 +143,7 @@ void TestFrontPanelEngine::channelFaderSetsTheChannelLevel()
 
 void TestFrontPanelEngine::blackOutBlinks()
 {
-    ConsoleButton* blackOut = panelItem<ConsoleButton>(*panel, 87);
+    ConsoleButton* blackOut = panelItem(*panel, &ConsoleButton::buttonNumber, 87);
     click(blackOut);
     QVERIFY(blackOut->isBlinking());
     QVERIFY2(panel->display(0)->line(0).contains(QStringLiteral("BO")),
@@ -174,7 +164,7 @@ void TestFrontPanelEngine::wheelMovesTheStacksNextCue()
     const ConsoleStateRecord* record = console->cache()->record();
     const int stack = ConsoleStateRecord::sequenceFadersPerPage;
     const int before = record->playbacks[stack].nextStep;
-    ConsoleWheel* wheel = panelItem<ConsoleWheel>(*panel, 0);
+    ConsoleWheel* wheel = panelItem(*panel, &ConsoleWheel::wheelNumber, 0);
     QVERIFY(wheel);
     const QPoint start = panel->mapFromScene(wheel->mapToScene(QPointF(41, 60)));
     QTest::mousePress(panel->viewport(), Qt::LeftButton, Qt::NoModifier, start);

@@ -12,6 +12,7 @@
 #include <chrono>
 #include <cstddef>
 #include <functional>
+#include <utility>
 
 namespace {
 // Hands the engine's second answer to a step over to the waiting test.
@@ -68,7 +69,7 @@ EngineSession::EngineSession(const QString& library, int variant, Clock clock)
 
 EngineSession::~EngineSession()
 {
-    step(); // let queued signals drain before the engine goes
+    step();             // let queued signals drain before the engine goes
     console_->unload(); // ends the Console too
 }
 
@@ -114,12 +115,7 @@ void EngineSession::tap(int key)
 
 QByteArray EngineSession::showBytes() const
 {
-    struct Stretch
-    {
-        size_t begin;
-        size_t end;
-    };
-    static constexpr Stretch stretches[] = {
+    static constexpr std::pair<size_t, size_t> stretches[] = {
         {offsetof(ConsoleStateRecord, channelLegends),
          offsetof(ConsoleStateRecord, engineReserved)},
         {offsetof(ConsoleStateRecord, cueLabels), offsetof(ConsoleStateRecord, deviceSelected)},
@@ -127,8 +123,8 @@ QByteArray EngineSession::showBytes() const
     };
     QByteArray bytes;
     const char* base = reinterpret_cast<const char*>(record());
-    for (const Stretch& stretch : stretches)
-        bytes.append(base + stretch.begin, qsizetype(stretch.end - stretch.begin));
+    for (const auto& [begin, end] : stretches)
+        bytes.append(base + begin, qsizetype(end - begin));
     return bytes;
 }
 

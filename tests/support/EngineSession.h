@@ -25,8 +25,6 @@ public:
 
     EngineSession(const QString& library, int variant, Clock clock = Clock::Manual);
     ~EngineSession();
-    EngineSession(const EngineSession&) = delete;
-    EngineSession& operator=(const EngineSession&) = delete;
 
     Console* console() const { return console_; }
     ConsoleEngine* engine() const { return console_->engine(); }
