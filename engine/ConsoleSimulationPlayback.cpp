@@ -77,7 +77,7 @@ void ConsoleSimulation::resolveContent(const ContentRecord& content, CueTarget& 
     }
 }
 
-void ConsoleSimulation::resolveStep(const StepRecord& step, CueTarget& target) const
+void ConsoleSimulation::resolveStep(const StepRecord& step, int cueSlot, CueTarget& target) const
 {
     target.clear();
     target.flags = step.flags;
@@ -96,8 +96,8 @@ void ConsoleSimulation::resolveStep(const StepRecord& step, CueTarget& target) c
         break;
     }
     case stepDirectCue:
-        if (step.contentIndex < ConsoleStateRecord::stackCues)
-            resolveContent(record_->cueContents[step.contentIndex], target);
+        if (cueSlot >= 0 && cueSlot < ConsoleStateRecord::stackCues)
+            resolveContent(record_->cueContents[cueSlot], target);
         break;
     default:
         break;
@@ -113,7 +113,8 @@ void ConsoleSimulation::startStep(int playback, int index)
         return;
     const StepRecord& step = steps[index];
     CueTarget target;
-    resolveStep(step, target);
+    // A stack cue's content is kept at its step's position.
+    resolveStep(step, playback == stackPlayback ? index : step.contentIndex, target);
     const int fade = playbackFade(playback);
     CuePlayer::Timing timing;
     timing.upMs = int(qint64(step.upTime) * 100 * fade / 256);
