@@ -26,7 +26,11 @@ void ConsoleSimulation::markStatusChanged()
 
 void ConsoleSimulation::usbDeviceRemoved()
 {
-    record_->consoleStatus = 0;
+    // A simulation never has a console attached, so the status is already 0;
+    // it is only announced again. Rewriting it would race with the program's
+    // lock-free read of the last announcement.
+    if (record_->consoleStatus != 0)
+        record_->consoleStatus = 0;
     markStatusChanged();
 }
 
