@@ -22,6 +22,12 @@ class EngineNotifier;
 // write of the engine happens here. Requests and panel input change the
 // console's state and mark it for the next tick, which mixes levels, runs the
 // playbacks and publishes output, faders, playbacks, LEDs and LCD.
+//
+// The sources follow the concerns: ConsoleSimulation.cpp the show (start,
+// state file, show files), ...Requests.cpp the program's update codes and
+// the DMX ring, ...Playback.cpp playback, mixing and publishing,
+// ...Recording.cpp memories, cues, groups and palettes, ...Panel.cpp the
+// console actions behind the front panel.
 class ConsoleSimulation
 {
 public:
@@ -107,6 +113,9 @@ private:
     void unpatchDevice(int device);
     void moveDevice(int device, int address);
     void setDeviceDefaults(int device);
+    void releaseDeviceAddresses(int device);
+    void followPalette(int palette);
+    void captureLive(ContentRecord& content, const quint8* levels, bool selectedDevicesOnly) const;
     void insertStep(int key, int step, int cue);
     void deleteStep(int key, int step);
     void moveStep(int key, int to, int cue);
@@ -115,7 +124,7 @@ private:
     int playbackOfKey(int key) const;
 
     void applyDmxWrite(const DmxWrite& write);
-    void resolveStep(const StepRecord& step, CueTarget& target) const;
+    void resolveStep(const StepRecord& step, int cueSlot, CueTarget& target) const;
     void resolveContent(const ContentRecord& content, CueTarget& target) const;
     void startStep(int playback, int index);
     int nextIndex(int playback, int from) const;

@@ -30,6 +30,23 @@ void OutputMixer::park(int address, quint8 level, quint8 palette)
 void OutputMixer::clearParked()
 {
     parked_.fill(Parked{});
+    std::memcpy(knownPatch_.data(), record_->dmxPatch, addressCount);
+}
+
+void OutputMixer::patchChanged()
+{
+    for (int address = 0; address < addressCount; ++address) {
+        if (record_->dmxPatch[address] != knownPatch_[size_t(address)])
+            parked_[size_t(address)] = Parked{};
+    }
+    std::memcpy(knownPatch_.data(), record_->dmxPatch, addressCount);
+}
+
+void OutputMixer::releaseParked(int first, int count)
+{
+    const int end = std::min(first + count, addressCount);
+    for (int address = std::max(first, 0); address < end; ++address)
+        parked_[size_t(address)] = Parked{};
 }
 
 void OutputMixer::mixChannels(int grandMaster)

@@ -17,7 +17,8 @@ struct ModelProfile;
 // them to zero. Device slots carry the live parameter values through the
 // device's parameter map, and its intensity slot the level of its control
 // channel. An address the program wrote through the DMX ring while nothing
-// drives it is held at that value.
+// drives it is held at that value until the show changes or the address is
+// patched anew.
 class OutputMixer
 {
 public:
@@ -26,7 +27,13 @@ public:
     explicit OutputMixer(ConsoleStateRecord* record) : record_(record) {}
 
     void park(int address, quint8 level, quint8 palette);
+    // Forgets every held address and takes the current patch as known.
     void clearParked();
+    // Releases the held addresses whose dmxPatch entry changed since the
+    // last call (the program edits the patch in place, then reports it).
+    void patchChanged();
+    // Releases the held addresses first .. first + count - 1.
+    void releaseParked(int first, int count);
 
     // True when dmxOutput or dmxPalette changed.
     bool publish(const LiveState& live, const ModelProfile& profile);
@@ -44,6 +51,7 @@ private:
 
     ConsoleStateRecord* record_;
     std::array<Parked, addressCount> parked_{};
+    std::array<quint8, addressCount> knownPatch_{};
     std::array<quint8, addressCount> output_{};
     std::array<quint8, addressCount> palette_{};
 };

@@ -3,13 +3,24 @@
 
 #include "ConsoleStateRecord.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace {
 constexpr quint32 emptyContent = 3;
-}
+constexpr quint32 directCue = 2;
 
-StepList::StepList(ConsoleStateRecord* record, int key)
+template <typename Apply> void forEachCueArray(ConsoleStateRecord& record, Apply apply)
+{
+    apply(record.cueLabels);
+    apply(record.cueRecorded);
+    apply(record.cueContents);
+    apply(record.cueNames);
+}
+} // namespace
+
+StepList::StepList(ConsoleStateRecord* record, int key) : record_(record)
 {
     constexpr int perPage = ConsoleStateRecord::sequenceFadersPerPage;
     const int faders = record->sequenceFaderCount;
@@ -48,6 +59,11 @@ bool StepList::insert(int index, quint16 cueNumber, const ConsoleStateRecord& de
     step.downTime = defaults.defaultDownFade;
     step.waitTime = defaults.defaultWait;
     *count_ = quint8(n + 1);
+    if (stack_) {
+        clearCue(n);
+        rotateCues(index, n, n + 1);
+        renumberDirectCues();
+    }
     return true;
 }
 
@@ -59,6 +75,11 @@ bool StepList::remove(int index)
     std::memmove(steps_ + index, steps_ + index + 1, size_t(n - index - 1) * sizeof(StepRecord));
     std::memset(static_cast<void*>(steps_ + n - 1), 0, sizeof(StepRecord));
     *count_ = quint8(n - 1);
+    if (stack_) {
+        clearCue(index);
+        rotateCues(index, index + 1, n);
+        renumberDirectCues();
+    }
     return true;
 }
 
@@ -74,5 +95,36 @@ bool StepList::move(int from, int to, quint16 cueNumber)
     else if (to < from)
         std::memmove(steps_ + to + 1, steps_ + to, size_t(from - to) * sizeof(StepRecord));
     steps_[to] = moved;
+    if (stack_) {
+        if (to > from)
+            rotateCues(from, from + 1, to + 1);
+        else
+            rotateCues(to, from, from + 1);
+        renumberDirectCues();
+    }
     return true;
+}
+
+void StepList::rotateCues(int first, int middle, int last)
+{
+    if (first >= middle || middle >= last)
+        return;
+    forEachCueArray(*record_, [&](auto& cues) {
+        std::rotate(std::begin(cues) + first, std::begin(cues) + middle, std::begin(cues) + last);
+    });
+}
+
+void StepList::clearCue(int index)
+{
+    forEachCueArray(*record_, [&](auto& cues) {
+        std::memset(static_cast<void*>(&cues[index]), 0, sizeof cues[index]);
+    });
+}
+
+void StepList::renumberDirectCues()
+{
+    for (int i = 0; i < count(); ++i) {
+        if (steps_[i].contentType == directCue)
+            steps_[i].contentIndex = quint16(i);
+    }
 }

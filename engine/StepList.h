@@ -29,6 +29,14 @@ public:
     bool move(int from, int to, quint16 cueNumber);
 
 private:
+    // The stack's cue texts, contents and recorded flags are kept by step
+    // position, so they move with their step, and a direct cue names its own
+    // position.
+    void rotateCues(int first, int middle, int last);
+    void clearCue(int index);
+    void renumberDirectCues();
+
+    ConsoleStateRecord* record_ = nullptr;
     StepRecord* steps_ = nullptr;
     quint8* count_ = nullptr;
     int capacity_ = 0;

@@ -11,19 +11,23 @@
 #include <condition_variable>
 #include <mutex>
 
-// One simulated console loaded through the program's own Console, with the
-// engine clock under the test's control (the environment switch must be set
-// before construction).
-class ConsoleSession
+// One simulated console engine loaded through the program's own Console.
+// The engine's clock stands still unless asked to run, so only step() moves
+// it; a load failure ends the test program, as nothing can run without it.
+class EngineSession
 {
 public:
-    ConsoleSession(const QString& library, int variant);
-    ~ConsoleSession();
-    ConsoleSession(const ConsoleSession&) = delete;
-    ConsoleSession& operator=(const ConsoleSession&) = delete;
+    enum class Clock
+    {
+        Manual,
+        Running
+    };
 
-    bool isLoaded() const { return console_ != nullptr; }
+    EngineSession(const QString& library, int variant, Clock clock = Clock::Manual);
+    ~EngineSession();
+
     Console* console() const { return console_; }
+    ConsoleEngine* engine() const { return console_->engine(); }
     ConsoleCache* cache() const { return console_->cache(); }
     ConsoleStateRecord* record() const { return console_->cache()->record(); }
 
@@ -32,8 +36,8 @@ public:
     bool step(int milliseconds = 0);
 
     void moveFader(int control, int level);
-    void press(int key);
-    void release(int key);
+    void press(int key) { sendButton(key, true); }
+    void release(int key) { sendButton(key, false); }
     void tap(int key);
 
     // The record's show data: the stretches a show file carries.

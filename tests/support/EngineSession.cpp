@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ConsoleSession.h"
+#include "EngineSession.h"
 
 #include "ConsoleEngine.h"
 #include "EngineTestCodes.h"
@@ -10,10 +10,9 @@
 
 #include <algorithm>
 #include <chrono>
-#include <condition_variable>
 #include <cstddef>
 #include <functional>
-#include <mutex>
+#include <utility>
 
 namespace {
 // Hands the engine's second answer to a step over to the waiting test.
@@ -33,20 +32,21 @@ private:
     std::function<void(int)> done_;
     int token_;
 };
-
-struct Stretch
-{
-    size_t begin;
-    size_t end;
-};
 } // namespace
 
-ConsoleSession::ConsoleSession(const QString& library, int variant)
+EngineSession::EngineSession(const QString& library, int variant, Clock clock)
 {
+    const QByteArray manual(EngineTest::manualClockVariable.data(),
+                            int(EngineTest::manualClockVariable.size()));
+    if (clock == Clock::Manual)
+        qputenv(manual.constData(), "1");
+    else
+        qunsetenv(manual.constData());
+    Console::registerMetaTypes();
     Console::LoadError error = Console::LoadFailed;
     console_ = Console::load(library, variant, &error);
     if (!console_)
-        return;
+        qFatal("The simulated console %s did not load (error %d)", qPrintable(library), int(error));
     // The engine's answers to a step are caught on the engine thread itself
     // and handed over with a standard mutex, which the thread sanitizer sees
     // (Qt's own locks are invisible to it). Connected once, before any step,
@@ -67,18 +67,16 @@ ConsoleSession::ConsoleSession(const QString& library, int variant)
         Qt::DirectConnection);
 }
 
-ConsoleSession::~ConsoleSession()
+EngineSession::~EngineSession()
 {
-    if (console_) {
-        step(); // let queued signals drain before the engine goes
-        console_->unload();
-    }
+    step();             // let queued signals drain before the engine goes
+    console_->unload(); // ends the Console too
 }
 
-bool ConsoleSession::step(int milliseconds)
+bool EngineSession::step(int milliseconds)
 {
     const int token = ++token_;
-    console_->engine()->update(EngineTest::Step, milliseconds, token, 0);
+    engine()->update(EngineTest::Step, milliseconds, token, 0);
     {
         std::unique_lock<std::mutex> lock(mutex_);
         if (!answered_.wait_for(lock, std::chrono::seconds(20),
@@ -91,43 +89,33 @@ bool ConsoleSession::step(int milliseconds)
     return true;
 }
 
-void ConsoleSession::moveFader(int control, int level)
+void EngineSession::moveFader(int control, int level)
 {
     PanelEvent event;
     event.kind = PanelEvent::PanelFader;
     event.control = quint8(control);
     event.value = quint8(level);
-    console_->engine()->panelEvent(&event);
+    engine()->panelEvent(&event);
 }
 
-void ConsoleSession::sendButton(int key, bool pressed)
+void EngineSession::sendButton(int key, bool pressed)
 {
     PanelEvent event;
     event.kind = PanelEvent::PanelButton;
     event.control = quint8(key);
     event.buttonState = pressed ? 1 : 0;
-    console_->engine()->panelEvent(&event);
+    engine()->panelEvent(&event);
 }
 
-void ConsoleSession::press(int key)
-{
-    sendButton(key, true);
-}
-
-void ConsoleSession::release(int key)
-{
-    sendButton(key, false);
-}
-
-void ConsoleSession::tap(int key)
+void EngineSession::tap(int key)
 {
     press(key);
     release(key);
 }
 
-QByteArray ConsoleSession::showBytes() const
+QByteArray EngineSession::showBytes() const
 {
-    static constexpr Stretch stretches[] = {
+    static constexpr std::pair<size_t, size_t> stretches[] = {
         {offsetof(ConsoleStateRecord, channelLegends),
          offsetof(ConsoleStateRecord, engineReserved)},
         {offsetof(ConsoleStateRecord, cueLabels), offsetof(ConsoleStateRecord, deviceSelected)},
@@ -135,12 +123,12 @@ QByteArray ConsoleSession::showBytes() const
     };
     QByteArray bytes;
     const char* base = reinterpret_cast<const char*>(record());
-    for (const Stretch& stretch : stretches)
-        bytes.append(base + stretch.begin, qsizetype(stretch.end - stretch.begin));
+    for (const auto& [begin, end] : stretches)
+        bytes.append(base + begin, qsizetype(end - begin));
     return bytes;
 }
 
-QString ConsoleSession::showFileName() const
+QString EngineSession::showFileName() const
 {
     return RecordArea::slotText(record(), record()->showFileName);
 }
