@@ -19,13 +19,14 @@ class CellText
 {
 public:
     // Draws text in rect with the alignment (one horizontal and one vertical
-    // flag), placed as QPainter::drawText places a single line.
+    // flag), placed and cut at rect as QPainter::drawText places a single line.
     void draw(QPainter* painter, const QRectF& rect, Qt::Alignment alignment, const QString& text,
               const QFont& font, const QColor& colour);
 
 private:
     void layOut(const QString& text, const QFont& font);
     void render(const QPointF& fraction, const QColor& colour);
+    void drawAt(QPainter* painter, const QPointF& at, const QFont& font, const QColor& colour);
 
     QString m_text;
     QFont m_font;
