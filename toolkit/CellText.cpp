@@ -29,6 +29,7 @@ void CellText::layOut(const QString& text, const QFont& font)
     const QFontMetricsF metrics(font);
     m_advance = metrics.horizontalAdvance(text);
     m_lineHeight = metrics.height();
+    m_ink = metrics.tightBoundingRect(text).translated(0, metrics.ascent()).adjusted(-1, -1, 1, 1);
     m_laidOut = true;
     m_rendering = QPixmap();
 }
@@ -66,9 +67,10 @@ void CellText::draw(QPainter* painter, const QRectF& rect, Qt::Alignment alignme
     else if (alignment & Qt::AlignVCenter)
         y = rect.y() + (rect.height() - m_lineHeight) / 2;
 
-    // drawText cuts a line that does not fit at its rectangle; so must we,
-    // or a long value paints over the neighbouring cells.
-    const bool clipped = !rect.contains(QRectF(x, y, m_advance, m_lineHeight));
+    // drawText cuts a line that does not fit at its rectangle; so must we, or
+    // a long value paints over the neighbouring cells. A line box taller than a
+    // small cell is common, so the cut is made only where ink would cross it.
+    const bool clipped = !rect.contains(m_ink.translated(x, y));
     if (clipped) {
         painter->save();
         painter->setClipRect(rect, Qt::IntersectClip);

@@ -33,6 +33,8 @@ private:
     QStaticText m_layout;
     qreal m_advance = 0;
     qreal m_lineHeight = 0;
+    // The glyphs' ink around the line's top-left, a pixel larger for antialiasing.
+    QRectF m_ink;
     bool m_laidOut = false;
 
     QPixmap m_rendering;
