@@ -11,6 +11,9 @@
 #include <QPixmap>
 #include <QPixmapCache>
 
+#include <utility>
+#include <vector>
+
 Cell::Cell(CellRow* row, int height) : m_row(row), m_height(height)
 {
     row->addCell(this);
@@ -59,14 +62,35 @@ QGraphicsView* Cell::viewForEvent(const QGraphicsScene* scene, const QGraphicsSc
 namespace {
 
 // Antialiased rounded frames cost tens of microseconds each; a grid shows a
-// handful of distinct ones, so each is drawn once into a pixmap.
-QString frameKey(const QRectF& bounds, const QBrush& brush, const QPen& pen)
+// handful of distinct ones, so each is drawn once into a pixmap. Looked up by
+// value: building a text key on every paint cost more than the lookup saves.
+struct FrameSpec
 {
-    return QStringLiteral("CellFrame/%1x%2/%3/%4")
-        .arg(bounds.width())
-        .arg(bounds.height())
-        .arg(brush.color().rgba(), 0, 16)
-        .arg(pen.color().rgba(), 0, 16);
+    QSizeF size;
+    QRgb brush;
+    QRgb pen;
+
+    bool operator==(const FrameSpec& other) const
+    {
+        return size == other.size && brush == other.brush && pen == other.pen;
+    }
+};
+
+std::vector<std::pair<FrameSpec, QPixmapCache::Key>>& frameKeys()
+{
+    static std::vector<std::pair<FrameSpec, QPixmapCache::Key>> keys;
+    return keys;
+}
+
+QPixmapCache::Key& frameKey(const FrameSpec& spec)
+{
+    auto& keys = frameKeys();
+    for (auto& [known, key] : keys) {
+        if (known == spec)
+            return key;
+    }
+    keys.emplace_back(spec, QPixmapCache::Key());
+    return keys.back().second;
 }
 
 bool isWholePixelTranslation(const QTransform& transform)
@@ -86,7 +110,7 @@ void Cell::paintFrame(QPainter* painter, const QRectF& bounds, const QBrush& bru
         drawFrame(painter, bounds, brush, pen);
         return;
     }
-    const QString key = frameKey(bounds, brush, pen);
+    QPixmapCache::Key& key = frameKey({bounds.size(), brush.color().rgba(), pen.color().rgba()});
     QPixmap frame;
     if (!QPixmapCache::find(key, &frame)) {
         frame = QPixmap(bounds.size().toSize());
@@ -94,7 +118,7 @@ void Cell::paintFrame(QPainter* painter, const QRectF& bounds, const QBrush& bru
         QPainter framePainter(&frame);
         drawFrame(&framePainter, bounds, brush, pen);
         framePainter.end();
-        QPixmapCache::insert(key, frame);
+        key = QPixmapCache::insert(frame);
     }
     painter->drawPixmap(0, 0, frame);
 }

@@ -29,6 +29,7 @@ void CellText::layOut(const QString& text, const QFont& font)
     const QFontMetricsF metrics(font);
     m_advance = metrics.horizontalAdvance(text);
     m_lineHeight = metrics.height();
+    m_ink = metrics.tightBoundingRect(text).translated(0, metrics.ascent()).adjusted(-1, -1, 1, 1);
     m_laidOut = true;
     m_rendering = QPixmap();
 }
@@ -66,16 +67,31 @@ void CellText::draw(QPainter* painter, const QRectF& rect, Qt::Alignment alignme
     else if (alignment & Qt::AlignVCenter)
         y = rect.y() + (rect.height() - m_lineHeight) / 2;
 
+    // drawText cuts a line that does not fit at its rectangle; so must we, or
+    // a long value paints over the neighbouring cells. A line box taller than a
+    // small cell is common, so the cut is made only where ink would cross it.
+    const bool clipped = !rect.contains(m_ink.translated(x, y));
+    if (clipped) {
+        painter->save();
+        painter->setClipRect(rect, Qt::IntersectClip);
+    }
+    drawAt(painter, QPointF(x, y), font, colour);
+    if (clipped)
+        painter->restore();
+}
+
+void CellText::drawAt(QPainter* painter, const QPointF& at, const QFont& font, const QColor& colour)
+{
     // A scaled or sub-pixel placed painter draws the glyphs directly.
     if (!isWholePixelTranslation(painter->deviceTransform()) ||
         !qFuzzyCompare(painter->opacity(), 1.0)) {
         painter->setFont(font);
         painter->setPen(colour);
-        painter->drawStaticText(QPointF(x, y), m_layout);
+        painter->drawStaticText(at, m_layout);
         return;
     }
-    const QPointF whole(std::floor(x), std::floor(y));
-    const QPointF fraction = QPointF(x, y) - whole;
+    const QPointF whole(std::floor(at.x()), std::floor(at.y()));
+    const QPointF fraction = at - whole;
     if (m_rendering.isNull() || colour != m_renderedColour || fraction != m_renderedFraction)
         render(fraction, colour);
     painter->drawPixmap(whole - QPointF(margin, margin), m_rendering);

@@ -19,19 +19,22 @@ class CellText
 {
 public:
     // Draws text in rect with the alignment (one horizontal and one vertical
-    // flag), placed as QPainter::drawText places a single line.
+    // flag), placed and cut at rect as QPainter::drawText places a single line.
     void draw(QPainter* painter, const QRectF& rect, Qt::Alignment alignment, const QString& text,
               const QFont& font, const QColor& colour);
 
 private:
     void layOut(const QString& text, const QFont& font);
     void render(const QPointF& fraction, const QColor& colour);
+    void drawAt(QPainter* painter, const QPointF& at, const QFont& font, const QColor& colour);
 
     QString m_text;
     QFont m_font;
     QStaticText m_layout;
     qreal m_advance = 0;
     qreal m_lineHeight = 0;
+    // The glyphs' ink around the line's top-left, a pixel larger for antialiasing.
+    QRectF m_ink;
     bool m_laidOut = false;
 
     QPixmap m_rendering;

@@ -12,8 +12,10 @@ Dropdown::Dropdown(QGraphicsItem* parent, QGraphicsScene* scene, DropdownHandler
                    const QRectF& rect, float fontSize, const QColor& colour,
                    Qt::Alignment alignment)
     : QGraphicsItem(parent), handler(handler), rect(rect), fontSize(fontSize), colour(colour),
-      alignment(alignment)
+      alignment(alignment), font(makeFont(QStringLiteral("Gill Sans MT"), int(fontSize))),
+      hoveredFont(font)
 {
+    hoveredFont.setUnderline(true);
     setAcceptHoverEvents(true);
     if (scene && !parent)
         scene->addItem(this);
@@ -27,10 +29,8 @@ void Dropdown::setText(const QString& text)
 
 void Dropdown::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
-    QFont font = makeFont(QStringLiteral("Gill Sans MT"), int(fontSize));
-    font.setUnderline(hovered);
     painter->setPen(colour);
-    painter->setFont(font);
+    painter->setFont(hovered ? hoveredFont : font);
     painter->drawText(rect, int(alignment | Qt::AlignVCenter), label);
 }
 

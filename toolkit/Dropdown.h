@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QGraphicsItem>
 #include <QString>
 
@@ -33,6 +34,8 @@ private:
     float fontSize;
     QColor colour;
     Qt::Alignment alignment;
+    QFont font;
+    QFont hoveredFont;
     bool hovered = false;
     QString label;
 };

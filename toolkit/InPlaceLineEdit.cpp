@@ -8,7 +8,16 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 void InPlaceLineEditHandler::navigate(InPlaceLineEdit*, bool) {}
+
+InPlaceLineEditHandler::~InPlaceLineEditHandler()
+{
+    const std::vector<InPlaceLineEdit*> editors = std::move(m_openEditors);
+    for (InPlaceLineEdit* editor : editors)
+        editor->detach();
+}
 
 namespace {
 
@@ -47,6 +56,7 @@ InPlaceLineEdit::InPlaceLineEdit(QWidget* parent, InPlaceLineEditHandler* handle
     setAlignment(alignment);
     setMaxLength(maxLength);
     selectAll();
+    m_handler->m_openEditors.push_back(this);
     if (hasGuides()) {
         const int space = fontMetrics().horizontalAdvance(QLatin1Char(' '));
         m_guideX[0] = int(6 * space);
@@ -54,7 +64,20 @@ InPlaceLineEdit::InPlaceLineEdit(QWidget* parent, InPlaceLineEditHandler* handle
     }
 }
 
-InPlaceLineEdit::~InPlaceLineEdit() = default;
+InPlaceLineEdit::~InPlaceLineEdit()
+{
+    if (!m_handler)
+        return;
+    std::vector<InPlaceLineEdit*>& editors = m_handler->m_openEditors;
+    editors.erase(std::remove(editors.begin(), editors.end(), this), editors.end());
+}
+
+void InPlaceLineEdit::detach()
+{
+    m_handler = nullptr;
+    m_finished = true;
+    close();
+}
 
 void InPlaceLineEdit::showEditor()
 {
@@ -74,10 +97,9 @@ void InPlaceLineEdit::keyPressEvent(QKeyEvent* event)
         close();
         break;
     case Qt::Key_Up:
-        m_handler->navigate(this, true);
-        break;
     case Qt::Key_Down:
-        m_handler->navigate(this, false);
+        if (m_handler)
+            m_handler->navigate(this, event->key() == Qt::Key_Up);
         break;
     default:
         QLineEdit::keyPressEvent(event);
@@ -104,9 +126,11 @@ void InPlaceLineEdit::finish()
     if (m_finished)
         return;
     m_finished = true;
-    if (!m_cancelled)
+    // A commit may rebuild the owner, which detaches this editor.
+    if (m_handler && !m_cancelled)
         m_handler->textCommitted(this, text());
-    m_handler->editorClosed(this);
+    if (m_handler)
+        m_handler->editorClosed(this);
     close();
 }
 

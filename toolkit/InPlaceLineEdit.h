@@ -32,7 +32,10 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    friend class InPlaceLineEditHandler;
     void finish();
+    // The handler went away: close without reporting.
+    void detach();
 
     InPlaceLineEditHandler* m_handler;
     int m_maxLength;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <vector>
+
 class InPlaceLineEdit;
 class QString;
 
@@ -15,5 +17,15 @@ public:
     virtual void editorClosed(InPlaceLineEdit* editor) = 0;
 
 protected:
-    ~InPlaceLineEditHandler() = default;
+    InPlaceLineEditHandler() = default;
+    // Editors stay with the handler they were opened for.
+    InPlaceLineEditHandler(const InPlaceLineEditHandler&) {}
+    InPlaceLineEditHandler& operator=(const InPlaceLineEditHandler&) { return *this; }
+    // Views rebuild their items while the user may be typing: an editor still
+    // open on a handler that goes away is closed without reporting to it.
+    ~InPlaceLineEditHandler();
+
+private:
+    friend class InPlaceLineEdit;
+    std::vector<InPlaceLineEdit*> m_openEditors;
 };

@@ -6,25 +6,22 @@
 #include <QPainter>
 
 NumberCell::NumberCell(CellRow* row, const QString& label)
-    : Cell(row, cellHeight), m_label(label), m_font(makeFont(QStringLiteral("Gill Sans MT"), 11))
+    : Cell(row, cellHeight), m_label(label), m_shown(label),
+      m_font(makeFont(QStringLiteral("Gill Sans MT"), 11))
 {
 }
 
 NumberCell::NumberCell(CellRow* row, int number)
-    : Cell(row, cellHeight), m_number(number), m_font(makeFont(QStringLiteral("Gill Sans MT"), 13))
+    : Cell(row, cellHeight), m_number(number), m_shown(QString::number(number + 1)),
+      m_font(makeFont(QStringLiteral("Gill Sans MT"), 13))
 {
 }
 
 NumberCell::~NumberCell() = default;
 
-QString NumberCell::shownText() const
-{
-    return m_label.isNull() ? QString::number(m_number + 1) : m_label;
-}
-
 void NumberCell::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
     const QRectF bounds = boundingRect();
     paintFrame(painter, bounds, QColor(128, 128, 128, 90), QPen(QColor(255, 255, 255, 0)));
-    m_text.draw(painter, bounds, Qt::AlignCenter, shownText(), m_font, Qt::white);
+    m_text.draw(painter, bounds, Qt::AlignCenter, m_shown, m_font, Qt::white);
 }

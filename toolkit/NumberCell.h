@@ -20,13 +20,14 @@ public:
     int number() const { return m_number; }
     const QString& label() const { return m_label; }
     // What the cell shows: number + 1, or the label.
-    QString shownText() const;
+    const QString& shownText() const { return m_shown; }
 
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 private:
     int m_number = -1;
     QString m_label;
+    QString m_shown;
     QFont m_font;
     CellText m_text;
 };

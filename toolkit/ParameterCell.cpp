@@ -67,14 +67,17 @@ void ParameterCell::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QW
     paintDecoration(painter);
     const QRectF bounds = boundingRect();
     const QColor colour = textColour(m_group);
-    const QString padded = shown + QLatin1Char(' ');
+    if (shown != m_shown) {
+        m_shown = shown;
+        m_padded = shown + QLatin1Char(' ');
+    }
     if (m_group == focusGroup)
-        m_text.draw(painter, bounds, Qt::AlignCenter, padded, m_font, colour);
+        m_text.draw(painter, bounds, Qt::AlignCenter, m_padded, m_font, colour);
     else
         m_text.draw(
             painter,
             QRectF(bounds.x(), bounds.y(), bounds.width() - decorationWidth, bounds.height()),
-            Qt::AlignRight | Qt::AlignVCenter, padded, m_font, colour);
+            Qt::AlignRight | Qt::AlignVCenter, m_padded, m_font, colour);
 }
 
 void ParameterCell::paintDecoration(QPainter* painter) const

@@ -55,5 +55,7 @@ private:
     bool m_editing = false;
     QPointF m_pressPos;
     QFont m_font;
+    QString m_shown;
+    QString m_padded;
     CellText m_text;
 };

@@ -443,8 +443,10 @@ void addPanelImages(ImageCatalogue& c)
         p.drawLine(c, c + QPointF(0, -3.6));
         p.drawLine(c, c + QPointF(2.6, 0.6));
     });
-    c.add("PanTiltRoom.png", QSize(44, 44), Enc::OverBlack, [](QPainter& p, const QSizeF& s) {
-        const QRectF back(13, 12, 18, 15);
+    // Lower than the 38-pixel monitor cell, so the field never reaches the
+    // neighbouring rows.
+    c.add("PanTiltRoom.png", QSize(44, 34), Enc::OverBlack, [](QPainter& p, const QSizeF& s) {
+        const QRectF back(13, 9, 18, 12);
         const QColor line(150, 150, 150);
         p.setPen(QPen(line, 1.0));
         p.setBrush(Qt::NoBrush);
