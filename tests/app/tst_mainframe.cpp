@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "../toolkit/SceneMouse.h"
+#include "../toolkit/ToolkitFixture.h"
 #include "FakeEngine.h"
 #include "ModalAnswerer.h"
 
@@ -129,9 +129,9 @@ void TestMainFrame::layout()
     QCOMPARE(window.frontPanel()->geometry(), QRect((width - 1280) / 2, 800 - 459, 1280, 459));
     // The title bar's console button shows and hides it.
     const QGraphicsItem* button = window.titleBar()->item(TitleBar::Item::Console);
-    SceneMouse(*window.titleBar()->scene()).click(button->scenePos() + QPointF(10, 10));
+    SceneMouse{*window.titleBar()->scene()}.click(button->scenePos() + QPointF(10, 10));
     QVERIFY(window.frontPanel()->isVisible());
-    SceneMouse(*window.titleBar()->scene()).click(button->scenePos() + QPointF(10, 10));
+    SceneMouse{*window.titleBar()->scene()}.click(button->scenePos() + QPointF(10, 10));
     QVERIFY(!window.frontPanel()->isVisible());
     // The fixed size needs more than 1024 free rows.
     QVERIFY(!MainFrame::fitsFixedSize(QRect(0, 0, width, 1024)));
