@@ -2,8 +2,8 @@
 #pragma once
 
 // Shared by the front panel and playback block tests: a console on an
-// in-process engine that the panel items talk to, and mouse input through a
-// real view.
+// in-process engine that the panel items talk to, mouse input through a
+// real view, and items painted into images.
 
 #include "Console.h"
 #include "ConsoleLink.h"
@@ -12,9 +12,12 @@
 
 #include <QApplication>
 #include <QByteArray>
+#include <QGraphicsItem>
 #include <QGraphicsScene>
 #include <QGraphicsView>
+#include <QImage>
 #include <QMouseEvent>
+#include <QPainter>
 
 #include <cstring>
 #include <memory>
@@ -35,6 +38,41 @@ struct PanelConsole
     {
         engine.notify(code, a, b, c);
         QCoreApplication::processEvents();
+    }
+    MemoryRecord& memory(int page, int index)
+    {
+        return record()->memories[page * ConsoleStateRecord::memoriesPerPage + index];
+    }
+    SequenceRecord& sequence(int page, int fader)
+    {
+        return record()->sequences[page * ConsoleStateRecord::sequenceFadersPerPage + fader];
+    }
+    // Line 0 of every name: channels "Ch<n>", memories "M<page>.<n>",
+    // sequences "S<page>.<n>", groups "G<n>", palettes "F<n>", "K<n>", "B<n>"
+    // per parameter group, effects "E<n>"; line 1 of pages "Page<n>".
+    void nameEverything()
+    {
+        ConsoleStateRecord* r = record();
+        const auto name = [](TextBlock& block, const QString& prefix, int n, int line = 0) {
+            ConsoleCache::writeText(block, line, prefix + QString::number(n));
+        };
+        for (int i = 0; i < ConsoleStateRecord::maxChannels; ++i)
+            name(r->channelLegends[i], QStringLiteral("Ch"), i);
+        for (int page = 0; page < ConsoleStateRecord::pages; ++page) {
+            const QString prefix = QString::number(page) + QLatin1Char('.');
+            for (int i = 0; i < ConsoleStateRecord::memoriesPerPage; ++i)
+                name(memory(page, i).name, QLatin1Char('M') + prefix, i);
+            for (int i = 0; i < ConsoleStateRecord::sequenceFadersPerPage; ++i)
+                name(sequence(page, i).name, QLatin1Char('S') + prefix, i);
+            name(r->pageNames[page], QStringLiteral("Page"), page, 1);
+        }
+        for (int i = 0; i < 24; ++i) {
+            name(r->groups[i].name, QStringLiteral("G"), i);
+            for (int group = 0; group < 3; ++group)
+                name(r->palettes[i].names[group], QString(QLatin1Char("FKB"[group])), i);
+        }
+        for (int i = 0; i < 36; ++i)
+            name(r->effects[i].name, QStringLiteral("E"), i);
     }
 
     FakeEngine engine;
@@ -65,6 +103,20 @@ inline QList<QByteArray> allEventBytes(const FakeEngine& engine)
     return bytes;
 }
 
+// What an item's own paint() draws into `area` (item coordinates) over
+// `fill`, with the painter's pen preset as a view's palette would.
+inline QImage paintedItem(QGraphicsItem* item, const QRect& area, QColor fill = Qt::transparent,
+                          QColor pen = Qt::black)
+{
+    QImage image(area.size(), QImage::Format_ARGB32);
+    image.fill(fill);
+    QPainter painter(&image);
+    painter.setPen(pen);
+    painter.translate(-area.topLeft());
+    item->paint(&painter, nullptr, nullptr);
+    return image;
+}
+
 // A shown view over a scene, for mouse input at scene positions.
 struct SceneView
 {
@@ -87,9 +139,11 @@ struct SceneView
     }
     void press(const QPointF& p) { send(QEvent::MouseButtonPress, p, Qt::LeftButton); }
     void move(const QPointF& p) { send(QEvent::MouseMove, p, Qt::LeftButton); }
-    void release(const QPointF& p, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    void release(const QPointF& p) { send(QEvent::MouseButtonRelease, p, Qt::NoButton); }
+    void click(const QPointF& p)
     {
-        send(QEvent::MouseButtonRelease, p, Qt::NoButton, modifiers);
+        press(p);
+        release(p);
     }
 
     QGraphicsView view;

@@ -9,6 +9,7 @@
 #include "Lumidesk.h"
 #include "SelectBlock.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -69,6 +70,20 @@ QList<Placed> controlsOf(FrontPanel& panel)
     return placed;
 }
 
+// Whether a key's caption, the pixels where it differs from a key without
+// one, keeps clear of both side edges of the label area (2 to 32): a
+// caption wider than that is cut off there.
+bool inkInsideFace(const QImage& key, const QImage& blank)
+{
+    for (int y = 0; y < key.height(); ++y) {
+        for (const int x : {2, 32}) {
+            if (key.pixel(x, y) != blank.pixel(x, y))
+                return false;
+        }
+    }
+    return true;
+}
+
 // Runs the test body in a fresh current directory.
 struct InDirectory
 {
@@ -94,8 +109,6 @@ private slots:
     void lines_data();
     void lines();
     void localFileWinsOverCompiledIn();
-    void compiledInFilesAreTabSeparatedCrLf_data();
-    void compiledInFilesAreTabSeparatedCrLf();
     void compiledInPanels_data();
     void compiledInPanels();
     void unknownModelBuildsNothing();
@@ -185,108 +198,81 @@ void TestFrontPanelLayout::localFileWinsOverCompiledIn()
     QCOMPARE(panel.size(), QSize(788, 459));
 }
 
-void TestFrontPanelLayout::compiledInFilesAreTabSeparatedCrLf_data()
-{
-    QTest::addColumn<QString>("model");
-    QTest::addColumn<int>("lineCount");
-    QTest::newRow("Alder") << "Alder" << 18;
-    QTest::newRow("Birch") << "Birch" << 18;
-    QTest::newRow("Cedar") << "Cedar" << 20;
-    QTest::newRow("Maple") << "Maple" << 30;
-}
-
-void TestFrontPanelLayout::compiledInFilesAreTabSeparatedCrLf()
-{
-    QFETCH(QString, model);
-    QFETCH(int, lineCount);
-    QFile file(QStringLiteral(":/Lumidesk/Resources/FrontPanel%1.txt").arg(model));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
-    QVERIFY(bytes.endsWith("\r\n"));
-    QCOMPARE(bytes.count("\r\n"), lineCount);
-    QCOMPARE(bytes.count('\n'), lineCount);
-    QVERIFY(!bytes.contains("\t\t"));
-    const QList<QByteArray> lines = bytes.trimmed().split('\n');
-    for (const QByteArray& line : lines) {
-        const QList<QByteArray> fields = line.trimmed().split('\t');
-        const QByteArray keyword = fields.first();
-        if (keyword != "Button")
-            QVERIFY2(!line.contains(' '), line.constData()); // spaces only in captions
-        const int expected = keyword == "Button"    ? 9
-                             : keyword == "Faders"  ? 5
-                             : keyword == "Selects" ? 3
-                                                    : 8;
-        QCOMPARE(fields.size(), expected);
-    }
-}
-
 void TestFrontPanelLayout::compiledInPanels_data()
 {
     QTest::addColumn<int>("model");
+    QTest::addColumn<QByteArray>("layoutSha1"); // any edit of the file must be deliberate
     QTest::addColumn<QSize>("size");
-    QTest::addColumn<int>("keys");
-    QTest::addColumn<int>("faders");
-    QTest::addColumn<int>("wheels");
-    QTest::addColumn<int>("displays");
+    QTest::addColumn<QString>("counts"); // keys, faders, wheels, displays, select blocks
     QTest::addColumn<QList<int>>("blocks");
-    QTest::addColumn<int>("selectBlocks");
-    QTest::newRow("Alder") << int(ConsoleCache::ModelAlder) << QSize(788, 459) << 25 << 4 << 1 << 1
-                           << QList<int>{0, 12} << 0;
-    QTest::newRow("Birch") << int(ConsoleCache::ModelBirch) << QSize(788, 459) << 25 << 4 << 1 << 1
-                           << QList<int>{0, 12} << 0;
-    QTest::newRow("Cedar") << int(ConsoleCache::ModelCedar) << QSize(1280, 459) << 25 << 4 << 1 << 1
-                           << QList<int>{0, 12, 24, 36} << 0;
-    QTest::newRow("Maple") << int(ConsoleCache::ModelMaple) << QSize(1280, 459) << 49 << 4 << 3 << 2
-                           << QList<int>{0, 12} << 1;
+    QTest::newRow("Alder") << int(ConsoleCache::ModelAlder)
+                           << QByteArray("6deaaeb81e2fefd429dff996285866112b030150")
+                           << QSize(788, 459) << "25 4 1 1 0" << QList<int>{0, 12};
+    QTest::newRow("Birch") << int(ConsoleCache::ModelBirch)
+                           << QByteArray("b8fbbeecf20b1841374415581eb5e49e12310ca0")
+                           << QSize(788, 459) << "25 4 1 1 0" << QList<int>{0, 12};
+    QTest::newRow("Cedar") << int(ConsoleCache::ModelCedar)
+                           << QByteArray("88ee3f26633b5802151bbdbdd6ee63e1d1c968b7")
+                           << QSize(1280, 459) << "25 4 1 1 0" << QList<int>{0, 12, 24, 36};
+    QTest::newRow("Maple") << int(ConsoleCache::ModelMaple)
+                           << QByteArray("c419ef3cbdcdbb9c53575b361d9af707d409b7a0")
+                           << QSize(1280, 459) << "49 4 3 2 1" << QList<int>{0, 12};
 }
 
 void TestFrontPanelLayout::compiledInPanels()
 {
     QFETCH(int, model);
+    QFETCH(QByteArray, layoutSha1);
     QFETCH(QSize, size);
-    QFETCH(int, keys);
-    QFETCH(int, faders);
-    QFETCH(int, wheels);
-    QFETCH(int, displays);
+    QFETCH(QString, counts);
     QFETCH(QList<int>, blocks);
-    QFETCH(int, selectBlocks);
     PanelConsole console{ConsoleCache::ConsoleType(model)};
     FrontPanel panel;
+    QFile layout(QStringLiteral(":/Lumidesk/Resources/%1.txt").arg(FrontPanel::baseName(model)));
+    QVERIFY(layout.open(QIODevice::ReadOnly));
+    QCOMPARE(QCryptographicHash::hash(layout.readAll(), QCryptographicHash::Sha1).toHex(),
+             layoutSha1);
     QCOMPARE(panel.size(), size);
     QCOMPARE(panel.isHidden(), true);
     QCOMPARE(panel.backgroundBrush().texture().size(), size);
 
-    QMap<QString, int> counts;
+    QMap<QString, int> count;
     QList<int> firsts;
     const QList<Placed> controls = controlsOf(panel);
     for (const Placed& placed : controls) {
-        ++counts[placed.kind];
+        ++count[placed.kind];
         if (placed.kind == QLatin1String("faders"))
             firsts << placed.number;
     }
-    QCOMPARE(counts.value("key"), keys);
-    QCOMPARE(counts.value("fader"), faders);
-    QCOMPARE(counts.value("wheel"), wheels);
-    QCOMPARE(counts.value("display"), displays);
+    QCOMPARE(QStringLiteral("%1 %2 %3 %4 %5")
+                 .arg(count["key"])
+                 .arg(count["fader"])
+                 .arg(count["wheel"])
+                 .arg(count["display"])
+                 .arg(count["selects"]),
+             counts);
     QCOMPARE(firsts, blocks);
-    QCOMPARE(counts.value("selects"), selectBlocks);
 
-    // Every key of the panel, blocks included, lies on the picture and no
-    // two keys share a place.
+    // Every key and fader, blocks included, lies on the picture, no two
+    // share a place, and every caption shows whole on its key's face.
     const QRectF picture(QPointF(0, 0), size);
     QSet<QPair<int, int>> places;
+    Button blank(nullptr, nullptr, nullptr, Button::ButtonStyle::ConsoleTextStyle, QString());
+    const QRect face(0, 0, Button::consoleWidth, Button::consoleHeight);
+    const QImage blankFace = paintedItem(&blank, face);
     const QList<QGraphicsItem*> items = panel.panelScene()->items();
     for (QGraphicsItem* item : items) {
-        if (!dynamic_cast<ConsoleButton*>(item) && !dynamic_cast<ConsoleFader*>(item))
+        auto* key = dynamic_cast<ConsoleButton*>(item);
+        if (!key && !dynamic_cast<ConsoleFader*>(item))
             continue;
         const QRectF area = item->sceneBoundingRect();
-        if (!picture.contains(area))
-            QFAIL(qPrintable(QStringLiteral("an item at (%1, %2) lies off the picture")
-                                 .arg(area.x())
-                                 .arg(area.y())));
-        const QPair<int, int> at(int(area.x()), int(area.y()));
-        QVERIFY(!places.contains(at));
-        places.insert(at);
+        QVERIFY2(
+            picture.contains(area),
+            qPrintable(QStringLiteral("off the picture at %1, %2").arg(area.x()).arg(area.y())));
+        QVERIFY(!places.contains({int(area.x()), int(area.y())}));
+        places.insert({int(area.x()), int(area.y())});
+        if (key)
+            QVERIFY2(inkInsideFace(paintedItem(key, face), blankFace), qPrintable(key->text()));
     }
 }
 

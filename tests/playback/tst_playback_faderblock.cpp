@@ -7,6 +7,7 @@
 #include "FaderBlock.h"
 #include "Lumidesk.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -24,12 +25,10 @@ struct Legend
 
 char* toString(const Legend& legend)
 {
-    return qstrdup(QStringLiteral("\"%1\" visible %2 editable %3")
-                       .arg(legend.text)
-                       .arg(legend.visible)
-                       .arg(legend.editable)
-                       .toUtf8()
-                       .constData());
+    return qstrdup(qPrintable(QStringLiteral("\"%1\" visible %2 editable %3")
+                                  .arg(legend.text)
+                                  .arg(legend.visible)
+                                  .arg(legend.editable)));
 }
 
 Legend legendOf(const InPlaceEditableText* item)
@@ -37,39 +36,21 @@ Legend legendOf(const InPlaceEditableText* item)
     return {item->text(), item->isVisible(), item->isEditable()};
 }
 
-void name(TextBlock& block, const QString& text)
-{
-    ConsoleCache::writeText(block, 0, text);
-}
-
-MemoryRecord& memory(ConsoleStateRecord* record, int page, int index)
-{
-    return record->memories[page * ConsoleStateRecord::memoriesPerPage + index];
-}
-
-SequenceRecord& sequence(ConsoleStateRecord* record, int page, int fader)
-{
-    return record->sequences[page * ConsoleStateRecord::sequenceFadersPerPage + fader];
-}
-
-// Names every channel "Ch<n>", memory "M<page>.<n>" and sequence "S<page>.<n>".
-void nameEverything(ConsoleStateRecord* record)
-{
-    for (int channel = 0; channel < ConsoleStateRecord::maxChannels; ++channel)
-        name(record->channelLegends[channel], QStringLiteral("Ch%1").arg(channel));
-    for (int page = 0; page < ConsoleStateRecord::pages; ++page) {
-        for (int index = 0; index < ConsoleStateRecord::memoriesPerPage; ++index)
-            name(memory(record, page, index).name, QStringLiteral("M%1.%2").arg(page).arg(index));
-        for (int fader = 0; fader < ConsoleStateRecord::sequenceFadersPerPage; ++fader)
-            name(sequence(record, page, fader).name, QStringLiteral("S%1.%2").arg(page).arg(fader));
-    }
-}
-
 void setMode(ConsoleStateRecord* record, int liveMode, int channelPage, int parameterPage)
 {
     record->liveMode = quint32(liveMode);
     record->channelPage = channelPage;
     record->faderParameterPage = parameterPage;
+}
+
+// The block of a 24-fader Legends view, or a 12-fader front-panel one.
+FaderBlock* legendsBlock(QGraphicsScene* scene, bool trackLevels = true)
+{
+    return new FaderBlock(scene, 0, 24, 96, 11, 13, 7, trackLevels);
+}
+FaderBlock* panelBlock(QGraphicsScene* scene, int first)
+{
+    return new FaderBlock(scene, first, 12, 96, 2, 13, 3, false);
 }
 
 } // namespace
@@ -85,14 +66,15 @@ private slots:
     void memoryModeShowsSequencesBeforeMemories();
     void flashKeysOfHighFadersAreOffset_data();
     void flashKeysOfHighFadersAreOffset();
-    void zeroKeySendsZeroForEveryFader();
+    void zeroKeySendsOnlyFadersThatMove();
+    void playbackMarkerRepaints_data();
+    void playbackMarkerRepaints();
     void legendEditsStoreByMode_data();
     void legendEditsStoreByMode();
     void faderStatusColoursFollowTheMode_data();
     void faderStatusColoursFollowTheMode();
     void faderLevelsFollowTheConsole();
     void modeChangeFromTheConsoleRefreshes();
-    void geometry();
 };
 
 void TestFaderBlock::legendsFollowTheFaderMode_data()
@@ -104,14 +86,16 @@ void TestFaderBlock::legendsFollowTheFaderMode_data()
     QTest::addColumn<int>("mode");
     QTest::addColumn<Legend>("legend"); // of fader 3, line 0
     const int birch = ConsoleCache::ModelBirch;
-    const int alder = ConsoleCache::ModelAlder;
+    const int cedar = ConsoleCache::ModelCedar;
     QTest::newRow("bank 1") << birch << 0 << 0 << 0 << 0 << Legend{"Ch3", true, true};
     QTest::newRow("bank 2, 24 memories a page")
         << birch << 0 << 1 << 0 << 1 << Legend{"Ch27", true, true};
+    QTest::newRow("bank 2, 48 memories a page")
+        << cedar << 0 << 1 << 0 << 1 << Legend{"Ch51", true, true};
     QTest::newRow("bank 3") << birch << 0 << 2 << 0 << 2 << Legend{"Ch51", true, true};
-    QTest::newRow("bank 4") << birch << 0 << 3 << 0 << 6 << Legend{"Ch75", true, true};
+    QTest::newRow("bank 4") << cedar << 0 << 3 << 0 << 6 << Legend{"Ch75", true, true};
     QTest::newRow("bank 3 beyond the Alder's channels")
-        << alder << 0 << 2 << 0 << 2 << Legend{"", true, false};
+        << int(ConsoleCache::ModelAlder) << 0 << 2 << 0 << 2 << Legend{"", true, false};
     QTest::newRow("parameter page 0") << birch << 2 << 0 << 0 << 3 << Legend{"", false, false};
     QTest::newRow("other parameter page") << birch << 2 << 0 << 4 << 4 << Legend{"", false, false};
     QTest::newRow("memories") << birch << 1 << 0 << 0 << 5 << Legend{"M1.3", true, true};
@@ -128,16 +112,15 @@ void TestFaderBlock::legendsFollowTheFaderMode()
     QFETCH(int, mode);
     QFETCH(Legend, legend);
     PanelConsole console{ConsoleCache::ConsoleType(model)};
-    nameEverything(console.record());
+    console.nameEverything();
     console.record()->memoryPage = 1;
-    memory(console.record(), 1, 3).recorded = 1;
+    console.memory(1, 3).recorded = 1;
     setMode(console.record(), liveMode, channelPage, parameterPage);
     QGraphicsScene scene;
-    FaderBlock block(&scene, 0, 12, 96, 2, 13, 3, false);
-    QCOMPARE(block.faderMode(), mode);
-    QCOMPARE(legendOf(block.legend(3, 0)), legend);
-    QCOMPARE(block.valueItem(3)->isVisible(), false);
-    scene.removeItem(&block);
+    FaderBlock* block = panelBlock(&scene, 0);
+    QCOMPARE(block->faderMode(), mode);
+    QCOMPARE(legendOf(block->legend(3, 0)), legend);
+    QCOMPARE(block->valueItem(3)->isVisible(), false);
 }
 
 void TestFaderBlock::memoryModeShowsSequencesBeforeMemories_data()
@@ -168,71 +151,89 @@ void TestFaderBlock::memoryModeShowsSequencesBeforeMemories()
     QFETCH(Legend, legend);
     QFETCH(Legend, value);
     PanelConsole console{ConsoleCache::ConsoleType(model)};
-    ConsoleStateRecord* record = console.record();
-    nameEverything(record);
-    setMode(record, 1, 0, 0);
-    record->memoryPage = 2;
+    console.nameEverything();
+    setMode(console.record(), 1, 0, 0);
+    console.record()->memoryPage = 2;
     for (int index : {3, 14, 15}) {
-        memory(record, 2, index).recorded = 1;
-        memory(record, 2, index).time = 25;
+        console.memory(2, index).recorded = 1;
+        console.memory(2, index).time = 25;
     }
-    sequence(record, 2, 2).stepCount = 1; // fader 14 of 24
+    console.sequence(2, 2).stepCount = 1; // fader 14 of 24
     QGraphicsScene scene;
-    FaderBlock block(&scene, 0, 24, 96, 11, 13, 7, true);
-    QCOMPARE(legendOf(block.legend(fader, 0)), legend);
-    QCOMPARE(legendOf(block.valueItem(fader)), value);
-    scene.removeItem(&block);
+    FaderBlock* block = legendsBlock(&scene);
+    QCOMPARE(legendOf(block->legend(fader, 0)), legend);
+    QCOMPARE(legendOf(block->valueItem(fader)), value);
 }
 
 void TestFaderBlock::flashKeysOfHighFadersAreOffset_data()
 {
     QTest::addColumn<int>("first");
-    QTest::addColumn<QList<int>>("keys");
-    QTest::addColumn<QStringList>("labels");
-    QTest::newRow("faders 1-12") << 0 << QList<int>{0, 11} << QStringList{"1", "12"};
-    QTest::newRow("faders 13-24") << 12 << QList<int>{12, 23} << QStringList{"13", "24"};
-    QTest::newRow("faders 25-36") << 24 << QList<int>{97, 108} << QStringList{"25", "36"};
-    QTest::newRow("faders 37-48") << 36 << QList<int>{109, 120} << QStringList{"37", "48"};
+    QTest::addColumn<int>("lastKey"); // of the block's twelfth fader
+    QTest::newRow("faders 13-24") << 12 << 23;
+    QTest::newRow("faders 25-36") << 24 << 108;
+    QTest::newRow("faders 37-48") << 36 << 120;
 }
 
 void TestFaderBlock::flashKeysOfHighFadersAreOffset()
 {
     QFETCH(int, first);
-    QFETCH(QList<int>, keys);
-    QFETCH(QStringList, labels);
+    QFETCH(int, lastKey);
     PanelConsole console(ConsoleCache::ModelCedar);
     QGraphicsScene scene;
-    auto* block = new FaderBlock(&scene, first, 12, 96, 2, 13, 3, false);
-    QCOMPARE(
-        (QList<int>{block->flashButton(0)->buttonNumber(), block->flashButton(11)->buttonNumber()}),
-        keys);
-    QCOMPARE((QStringList{block->flashButton(0)->text(), block->flashButton(11)->text()}), labels);
-    QCOMPARE(block->fader(11)->faderNumber(), first + 11);
-
-    SceneView view(&scene, QSize(600, 300));
-    const QPointF key = block->flashButton(11)->sceneBoundingRect().center();
-    view.press(key);
-    view.release(key);
+    FaderBlock* block = panelBlock(&scene, first);
+    QCOMPARE(block->flashButton(11)->text(), QString::number(first + 12));
+    SceneView(&scene, QSize(600, 300)).click(block->flashButton(11)->sceneBoundingRect().center());
     QCOMPARE(allEventBytes(console.engine),
-             (QList<QByteArray>{eventBytes(PanelEvent::PanelButton, keys[1], 0, 1),
-                                eventBytes(PanelEvent::PanelButton, keys[1], 0, 0)}));
+             (QList<QByteArray>{eventBytes(PanelEvent::PanelButton, lastKey, 0, 1),
+                                eventBytes(PanelEvent::PanelButton, lastKey, 0, 0)}));
 }
 
-void TestFaderBlock::zeroKeySendsZeroForEveryFader()
+void TestFaderBlock::zeroKeySendsOnlyFadersThatMove()
 {
     PanelConsole console(ConsoleCache::ModelAlder);
     QGraphicsScene scene;
     auto* block = new FaderBlock(&scene, 12, 3, 96, 2, 13, 3, false);
     block->fader(1)->setValue(0.5f, false);
-    SceneView view(&scene, QSize(600, 300));
-    const QPointF zero = block->zeroButton()->sceneBoundingRect().center();
-    view.press(zero);
-    view.release(zero);
+    SceneView(&scene, QSize(600, 300)).click(block->zeroButton()->sceneBoundingRect().center());
     QCOMPARE(allEventBytes(console.engine),
-             (QList<QByteArray>{eventBytes(PanelEvent::PanelFader, 12, 0, 0),
-                                eventBytes(PanelEvent::PanelFader, 13, 0, 0),
-                                eventBytes(PanelEvent::PanelFader, 14, 0, 0)}));
+             QList<QByteArray>{eventBytes(PanelEvent::PanelFader, 13, 0, 0)});
     QCOMPARE(block->fader(1)->value(), 0.0f);
+}
+
+void TestFaderBlock::playbackMarkerRepaints_data()
+{
+    QTest::addColumn<bool>("playing"); // from not playing, or the other way round
+    QTest::newRow("starts playing") << true;
+    QTest::newRow("stops playing") << false;
+}
+
+void TestFaderBlock::playbackMarkerRepaints()
+{
+    QFETCH(bool, playing);
+    PanelConsole console(ConsoleCache::ModelAlder);
+    setMode(console.record(), 1, 0, 0);
+    console.memory(0, 3).recorded = 1;
+    console.record()->faders[3].active = !playing;
+    QGraphicsScene scene;
+    FaderBlock* block = panelBlock(&scene, 0);
+    block->setPos(30, 40);
+    QSignalSpy changed(&scene, &QGraphicsScene::changed);
+    QCoreApplication::processEvents();
+    changed.clear();
+
+    console.record()->faders[3].active = playing;
+    console.notify(ConsoleCode::FadersChanged);
+    QCoreApplication::processEvents(); // the scene reports what to repaint
+    const QRectF marker = block->mapRectToScene(QRectF(3 * 40 + 2, 0, 38, 12));
+    QRectF repainted;
+    for (const QList<QVariant>& signal : std::as_const(changed)) {
+        for (const QRectF& rect : signal.at(0).value<QList<QRectF>>())
+            repainted |= rect;
+    }
+    QVERIFY2(repainted.contains(marker), "the marker's area is repainted");
+    const QImage image = paintedItem(block, QRect(0, -12, 480, 24), Qt::black);
+    QCOMPARE(image.pixelColor(3 * 40 + 20, 12 + 6),
+             playing ? QColor(252, 246, 105) : QColor(143, 120, 50));
 }
 
 void TestFaderBlock::legendEditsStoreByMode_data()
@@ -245,7 +246,6 @@ void TestFaderBlock::legendEditsStoreByMode_data()
     QTest::addColumn<QString>("stored"); // where the text lands
     QTest::addColumn<FakeEngine::Call>("report");
     const int alder = ConsoleCache::ModelAlder;
-    const int maple = ConsoleCache::ModelMaple;
     QTest::newRow("bank 1") << alder << 0 << 0 << 4 << 2 << "channel 4"
                             << FakeEngine::Call{ConsoleCode::ChannelTextChanged, 4};
     QTest::newRow("bank 2 stores fader + 24")
@@ -255,7 +255,7 @@ void TestFaderBlock::legendEditsStoreByMode_data()
                                  << FakeEngine::Call{ConsoleCode::MemoryChanged, 2, 3};
     QTest::newRow("sequence name") << alder << 1 << 0 << 14 << 1 << "sequence"
                                    << FakeEngine::Call{ConsoleCode::SequenceChanged, 2, 2};
-    QTest::newRow("memory time") << maple << 1 << 0 << 3 << 3 << "time"
+    QTest::newRow("memory time") << int(ConsoleCache::ModelMaple) << 1 << 0 << 3 << 3 << "time"
                                  << FakeEngine::Call{ConsoleCode::MemoryChanged, 2, 3};
 }
 
@@ -269,20 +269,18 @@ void TestFaderBlock::legendEditsStoreByMode()
     QFETCH(QString, stored);
     QFETCH(FakeEngine::Call, report);
     PanelConsole console{ConsoleCache::ConsoleType(model)};
-    ConsoleStateRecord* record = console.record();
-    setMode(record, liveMode, channelPage, 0);
-    record->memoryPage = 2;
-    memory(record, 2, 3).recorded = 1;
-    sequence(record, 2, 2).stepCount = 3;
+    setMode(console.record(), liveMode, channelPage, 0);
+    console.record()->memoryPage = 2;
+    console.memory(2, 3).recorded = 1;
+    console.sequence(2, 2).stepCount = 3;
     QGraphicsScene scene;
-    FaderBlock block(&scene, 0, 24, 96, 11, 13, 7, false);
-    InPlaceEditableText* item =
-        line == FaderBlock::valueLine ? block.valueItem(fader) : block.legend(fader, line);
+    FaderBlock* block = legendsBlock(&scene, false);
+    const bool value = line == FaderBlock::valueLine;
+    InPlaceEditableText* item = value ? block->valueItem(fader) : block->legend(fader, line);
     QVERIFY(item->isEditable());
     console.engine.clearUpdates();
-    const QString text =
-        line == FaderBlock::valueLine ? QStringLiteral("12.5") : QStringLiteral("Wash");
-    block.textChanged(item, text);
+    const QString text = value ? QStringLiteral("12.5") : QStringLiteral("Wash");
+    block->textChanged(item, text);
 
     ConsoleCache* cache = console.console->cache();
     if (stored == QLatin1String("memory"))
@@ -294,7 +292,6 @@ void TestFaderBlock::legendEditsStoreByMode()
     else
         QCOMPARE(cache->channelLegend(stored.mid(8).toInt(), line), text);
     QVERIFY(console.engine.updates().contains(report));
-    scene.removeItem(&block);
 }
 
 void TestFaderBlock::faderStatusColoursFollowTheMode_data()
@@ -325,82 +322,58 @@ void TestFaderBlock::faderStatusColoursFollowTheMode()
     QFETCH(QColor, colourA);
     QFETCH(QColor, colourB);
     PanelConsole console(ConsoleCache::ModelAlder);
-    ConsoleStateRecord* record = console.record();
-    record->memoryPage = 4;
-    sequence(record, 4, 2).stepCount = 1;
+    console.record()->memoryPage = 4;
+    console.sequence(4, 2).stepCount = 1;
     QGraphicsScene scene;
-    FaderBlock block(&scene, 0, 24, 96, 11, 13, 7, true);
+    FaderBlock* block = legendsBlock(&scene);
     // Set up after construction: the console tells the block what changed.
-    setMode(record, liveMode, 0, parameterPage);
-    record->blindMode = blind ? 1 : 0;
+    setMode(console.record(), liveMode, 0, parameterPage);
+    console.record()->blindMode = blind ? 1 : 0;
     console.notify(ConsoleCode::ConsoleStatusChanged);
-    ConsoleFader* consoleFader = block.fader(fader);
-    QCOMPARE(consoleFader->levelColourA(), colourA);
-    QCOMPARE(consoleFader->levelColourB(), colourB);
-    QCOMPARE(consoleFader->lastFaderMode(), block.faderMode());
-    scene.removeItem(&block);
+    QCOMPARE(block->fader(fader)->levelColourA(), colourA);
+    QCOMPARE(block->fader(fader)->levelColourB(), colourB);
 }
 
 void TestFaderBlock::faderLevelsFollowTheConsole()
 {
     PanelConsole console(ConsoleCache::ModelAlder);
-    ConsoleStateRecord* record = console.record();
-    record->faders[2].level = 51;
+    console.record()->faders[2].level = 51;
     QGraphicsScene scene;
-    FaderBlock tracking(&scene, 0, 12, 96, 11, 13, 7, true);
-    FaderBlock still(&scene, 0, 12, 96, 2, 13, 3, false);
-    QCOMPARE(tracking.fader(2)->levelA(), 0.2f);
-    QCOMPARE(still.fader(2)->levelA(), 0.0f);
+    FaderBlock* tracking = legendsBlock(&scene);
+    FaderBlock* still = panelBlock(&scene, 0);
+    QCOMPARE(tracking->fader(2)->levelA(), 0.2f);
+    QCOMPARE(still->fader(2)->levelA(), 0.0f);
 
-    record->faders[2].level = 255;
+    console.record()->faders[2].level = 255;
     console.notify(ConsoleCode::FadersChanged);
-    QCOMPARE(tracking.fader(2)->levelA(), 1.0f);
+    QCOMPARE(tracking->fader(2)->levelA(), 1.0f);
 
-    record->channelPage = 1; // bank 2: fader 2 is channel 26
-    record->blindLevels[26] = 102;
+    console.record()->channelPage = 1; // bank 2: fader 2 is channel 26
+    console.record()->blindLevels[26] = 102;
     console.notify(ConsoleCode::BlindLevelsChanged);
-    QCOMPARE(tracking.fader(2)->levelB(), 0.4f);
-    QCOMPARE(still.fader(2)->levelB(), 0.0f);
-    scene.removeItem(&tracking);
-    scene.removeItem(&still);
+    QCOMPARE(tracking->fader(2)->levelB(), 0.4f);
+    QCOMPARE(still->fader(2)->levelB(), 0.0f);
 }
 
 void TestFaderBlock::modeChangeFromTheConsoleRefreshes()
 {
     PanelConsole console(ConsoleCache::ModelBirch);
-    nameEverything(console.record());
+    console.nameEverything();
     QGraphicsScene scene;
-    FaderBlock block(&scene, 12, 12, 96, 2, 13, 3, false);
-    QCOMPARE(block.legend(0, 0)->text(), QStringLiteral("Ch12"));
+    FaderBlock* block = panelBlock(&scene, 12);
+    QCOMPARE(block->legend(0, 0)->text(), QStringLiteral("Ch12"));
     console.record()->channelPage = 2;
     console.notify(ConsoleCode::ConsoleStatusChanged);
-    QCOMPARE(block.legend(0, 0)->text(), QStringLiteral("Ch60"));
+    QCOMPARE(block->legend(0, 0)->text(), QStringLiteral("Ch60"));
 
-    // A legend changed in the console reloads only in a channel mode.
     ConsoleCache::writeText(console.record()->channelLegends[60], 0, QStringLiteral("Spot"));
     console.notify(ConsoleCode::ChannelTextChanged, 60);
-    QCOMPARE(block.legend(0, 0)->text(), QStringLiteral("Spot"));
+    QCOMPARE(block->legend(0, 0)->text(), QStringLiteral("Spot"));
 
     console.record()->liveMode = 2;
     console.notify(ConsoleCode::ConsoleStatusChanged);
-    QCOMPARE(block.faderMode(), 3);
-    QCOMPARE(block.legend(0, 0)->isVisible(), false);
-    scene.removeItem(&block);
-}
-
-void TestFaderBlock::geometry()
-{
-    PanelConsole console(ConsoleCache::ModelAlder);
-    QGraphicsScene scene;
-    FaderBlock block(&scene, 0, 12, 96, 11, 13, 7, false);
-    QCOMPARE(block.boundingRect(), QRectF(0, -12, 11 * 11 + 12 * 38 + 2, 235));
-    QCOMPARE(block.fader(2)->pos(), QPointF(98, 17));
-    QCOMPARE(block.fader(2)->length(), 96);
-    QCOMPARE(block.flashButton(2)->pos(), QPointF(105, 96 + 55 + 13));
-    QCOMPARE(block.legend(2, 1)->rect(), QRectF(98, 96 + 82 + 13 + 10, 49, 12));
-    QCOMPARE(block.valueItem(2)->rect(), QRectF(117, -12, 25, 12));
-    QCOMPARE(block.legend(2, 1)->maxLength(), 6);
-    scene.removeItem(&block);
+    QCOMPARE(block->faderMode(), 3);
+    QCOMPARE(block->legend(0, 0)->isVisible(), false);
 }
 
 int main(int argc, char** argv)
