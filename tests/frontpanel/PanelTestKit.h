@@ -18,9 +18,18 @@
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTest>
 
 #include <cstring>
 #include <memory>
+
+// Data rows as structs whose first field is the row's name, one column "c".
+template <typename Case, std::size_t N> void addRows(const Case (&cases)[N])
+{
+    QTest::addColumn<Case>("c");
+    for (const Case& c : cases)
+        QTest::newRow(c.name) << c;
+}
 
 // A started console for one model, installed for the panel items.
 struct PanelConsole
@@ -80,11 +89,6 @@ struct PanelConsole
 };
 
 // The 12 bytes of a panel event as the engine receives them.
-inline QByteArray eventBytes(const PanelEvent& event)
-{
-    return QByteArray(reinterpret_cast<const char*>(&event), sizeof(PanelEvent));
-}
-
 inline QByteArray eventBytes(quint32 kind, int control, int value, quint32 state)
 {
     PanelEvent event;
@@ -92,14 +96,14 @@ inline QByteArray eventBytes(quint32 kind, int control, int value, quint32 state
     event.control = quint8(control);
     event.value = quint8(value);
     event.buttonState = state;
-    return eventBytes(event);
+    return QByteArray(reinterpret_cast<const char*>(&event), sizeof(PanelEvent));
 }
 
 inline QList<QByteArray> allEventBytes(const FakeEngine& engine)
 {
     QList<QByteArray> bytes;
     for (const PanelEvent& event : engine.panelEvents())
-        bytes << eventBytes(event);
+        bytes << eventBytes(event.kind, event.control, event.value, event.buttonState);
     return bytes;
 }
 
@@ -129,12 +133,11 @@ struct SceneView
         view.show();
     }
 
-    void send(QEvent::Type type, const QPointF& scenePos, Qt::MouseButtons held,
-              Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    void send(QEvent::Type type, const QPointF& scenePos, Qt::MouseButtons held)
     {
         const QPoint at = view.mapFromScene(scenePos);
         const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-        QMouseEvent event(type, at, view.viewport()->mapToGlobal(at), button, held, modifiers);
+        QMouseEvent event(type, at, view.viewport()->mapToGlobal(at), button, held, {});
         QApplication::sendEvent(view.viewport(), &event);
     }
     void press(const QPointF& p) { send(QEvent::MouseButtonPress, p, Qt::LeftButton); }

@@ -20,11 +20,8 @@ private slots:
     void ledColours();
     void faderDragSendsLevels_data();
     void faderDragSendsLevels();
-    void mastersStartAtTheTop();
     void wheelSendsStepsPerTwelvePixels_data();
     void wheelSendsStepsPerTwelvePixels();
-    void displaySubstitutesCharacters_data();
-    void displaySubstitutesCharacters();
     void displayDrawsCellsInBlack_data();
     void displayDrawsCellsInBlack();
     void displayReadsTheRecord();
@@ -55,11 +52,7 @@ void TestFrontPanelControls::ledColours_data()
     QTest::addColumn<QByteArray>("stored"); // on, then off, each red, blue, green
     QTest::addColumn<QColor>("lit");
     QTest::addColumn<QColor>("dark");
-    QTest::newRow("steady red") << QByteArray("\xff\0\0\xff\0\0", 6) << QColor(255, 0, 0)
-                                << QColor(255, 0, 0);
-    QTest::newRow("second byte is blue")
-        << QByteArray("\0\xff\0\0\xff\0", 6) << QColor(0, 0, 255) << QColor(0, 0, 255);
-    QTest::newRow("third byte is green")
+    QTest::newRow("steady, stored red blue green")
         << QByteArray("\x10\x20\x30\x10\x20\x30", 6) << QColor(16, 48, 32) << QColor(16, 48, 32);
     QTest::newRow("blinks between different colours")
         << QByteArray("\0\0\xc8\x28\0\0", 6) << QColor(0, 200, 0) << QColor(40, 0, 0);
@@ -119,17 +112,6 @@ void TestFrontPanelControls::faderDragSendsLevels()
     QCOMPARE(allEventBytes(console.engine), expected);
 }
 
-void TestFrontPanelControls::mastersStartAtTheTop()
-{
-    PanelConsole console(ConsoleCache::ModelAlder);
-    QGraphicsScene scene;
-    for (int number : {47, 48, 49, 50}) {
-        auto* fader = new ConsoleFader(nullptr, &scene, number, 127, false, false);
-        QCOMPARE(fader->value(), number == 48 || number == 49 ? 1.0f : 0.0f);
-    }
-    QVERIFY(console.engine.panelEvents().isEmpty());
-}
-
 void TestFrontPanelControls::wheelSendsStepsPerTwelvePixels_data()
 {
     QTest::addColumn<QList<int>>("drag"); // mouse y of each move, from the press
@@ -162,30 +144,6 @@ void TestFrontPanelControls::wheelSendsStepsPerTwelvePixels()
     QCOMPARE(wheel->remainder(), remainder);
     // One degree per pixel, forward for an upward drag.
     QCOMPARE(qRound((angle - wheel->angle()) * 180.0f / 3.1415f), drag.last());
-}
-
-void TestFrontPanelControls::displaySubstitutesCharacters_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("plain") << QStringLiteral("Mem 1") << QStringLiteral("Mem 1");
-    QTest::newRow("cedilla") << QStringLiteral("Fa\x03") + QStringLiteral("ade")
-                             << QStringLiteral("Façade");
-    QTest::newRow("both n tildes")
-        << QString::fromLatin1("a\x07o a\xeeo") << QStringLiteral("año año");
-    QTest::newRow("vowel codes") << QStringLiteral("\x10\x11\x1a\x1b\x1d\x1c")
-                                 << QStringLiteral("aAeEou");
-    QTest::newRow("umlauts") << QString::fromLatin1("\xf5\xe1\x14\xef") << QStringLiteral("üäÄö");
-}
-
-void TestFrontPanelControls::displaySubstitutesCharacters()
-{
-    QFETCH(QString, stored);
-    QFETCH(QString, shown);
-    FrontPanel::Display display(nullptr);
-    display.setLine(1, stored);
-    QCOMPARE(display.line(1), shown);
-    QCOMPARE(display.line(0), QString());
 }
 
 void TestFrontPanelControls::displayDrawsCellsInBlack_data()
@@ -242,12 +200,12 @@ void TestFrontPanelControls::displayReadsTheRecord()
     std::memcpy(console.record()->lcdDisplays[1][0], "Select channel\x83   ok", 20);
     std::memcpy(console.record()->lcdDisplays[1][1],
                 "Fa\x03"
-                "ade",
-                6);
+                "ade \xf5\x10",
+                9);
     FrontPanel panel;
     QVERIFY(panel.display(1));
     QCOMPARE(panel.display(1)->line(0), QString::fromLatin1("Select channel\x83   ok"));
-    QCOMPARE(panel.display(1)->line(1), QStringLiteral("Façade") + QString(14, QChar(0)));
+    QCOMPARE(panel.display(1)->line(1), QStringLiteral("Façade üa") + QString(11, QChar(0)));
 
     std::memcpy(console.record()->lcdDisplays[0][0], "Page 2              ", 20);
     console.notify(ConsoleCode::DisplayChanged, 0);

@@ -12,38 +12,24 @@
 
 namespace {
 
-struct Legend
+// Text, then "hidden" and "editable" where they apply.
+QString shown(const InPlaceEditableText* item)
 {
-    QString text;
-    bool visible;
-    bool editable;
-    bool operator==(const Legend& other) const
-    {
-        return text == other.text && visible == other.visible && editable == other.editable;
-    }
-};
-
-char* toString(const Legend& legend)
-{
-    return qstrdup(qPrintable(QStringLiteral("\"%1\" visible %2 editable %3")
-                                  .arg(legend.text)
-                                  .arg(legend.visible)
-                                  .arg(legend.editable)));
+    return QStringLiteral("%1%2%3").arg(item->text(), item->isVisible() ? "" : " hidden",
+                                        item->isEditable() ? " editable" : "");
 }
 
-Legend legendOf(const InPlaceEditableText* item)
+// The record's words for a fader mode code (0-6).
+void setFaderMode(ConsoleStateRecord* record, int mode)
 {
-    return {item->text(), item->isVisible(), item->isEditable()};
+    constexpr int words[7][3] = {{0, 0, 0}, {0, 1, 0}, {0, 2, 0}, {2, 0, 0},
+                                 {2, 0, 1}, {1, 0, 0}, {0, 3, 0}};
+    record->liveMode = quint32(words[mode][0]);
+    record->channelPage = words[mode][1];
+    record->faderParameterPage = words[mode][2];
 }
 
-void setMode(ConsoleStateRecord* record, int liveMode, int channelPage, int parameterPage)
-{
-    record->liveMode = quint32(liveMode);
-    record->channelPage = channelPage;
-    record->faderParameterPage = parameterPage;
-}
-
-// The block of a 24-fader Legends view, or a 12-fader front-panel one.
+// The block of a 24-fader Legends view, or of a 12-fader front-panel row.
 FaderBlock* legendsBlock(QGraphicsScene* scene, bool trackLevels = true)
 {
     return new FaderBlock(scene, 0, 24, 96, 11, 13, 7, trackLevels);
@@ -51,6 +37,18 @@ FaderBlock* legendsBlock(QGraphicsScene* scene, bool trackLevels = true)
 FaderBlock* panelBlock(QGraphicsScene* scene, int first)
 {
     return new FaderBlock(scene, first, 12, 96, 2, 13, 3, false);
+}
+
+// Page 2 current: memories on faders 3, 14 and 15, the sequence of fader
+// 14 (index 2 of 12) with steps.
+void fillPageTwo(PanelConsole& console)
+{
+    console.record()->memoryPage = 2;
+    for (int index : {3, 14, 15}) {
+        console.memory(2, index).recorded = 1;
+        console.memory(2, index).time = 25;
+    }
+    console.sequence(2, 2).stepCount = 1;
 }
 
 } // namespace
@@ -62,8 +60,6 @@ class TestFaderBlock : public QObject
 private slots:
     void legendsFollowTheFaderMode_data();
     void legendsFollowTheFaderMode();
-    void memoryModeShowsSequencesBeforeMemories_data();
-    void memoryModeShowsSequencesBeforeMemories();
     void flashKeysOfHighFadersAreOffset_data();
     void flashKeysOfHighFadersAreOffset();
     void zeroKeySendsOnlyFadersThatMove();
@@ -74,95 +70,54 @@ private slots:
     void faderStatusColoursFollowTheMode_data();
     void faderStatusColoursFollowTheMode();
     void faderLevelsFollowTheConsole();
-    void modeChangeFromTheConsoleRefreshes();
+    void consoleChangesRefresh();
+};
+
+struct LegendCase
+{
+    const char* name;
+    int model;
+    int mode;
+    int fader;
+    const char* legend; // line 0
+    const char* value;
 };
 
 void TestFaderBlock::legendsFollowTheFaderMode_data()
 {
-    QTest::addColumn<int>("model");
-    QTest::addColumn<int>("liveMode");
-    QTest::addColumn<int>("channelPage");
-    QTest::addColumn<int>("parameterPage");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<Legend>("legend"); // of fader 3, line 0
     const int birch = ConsoleCache::ModelBirch;
-    const int cedar = ConsoleCache::ModelCedar;
-    QTest::newRow("bank 1") << birch << 0 << 0 << 0 << 0 << Legend{"Ch3", true, true};
-    QTest::newRow("bank 2, 24 memories a page")
-        << birch << 0 << 1 << 0 << 1 << Legend{"Ch27", true, true};
-    QTest::newRow("bank 2, 48 memories a page")
-        << cedar << 0 << 1 << 0 << 1 << Legend{"Ch51", true, true};
-    QTest::newRow("bank 3") << birch << 0 << 2 << 0 << 2 << Legend{"Ch51", true, true};
-    QTest::newRow("bank 4") << cedar << 0 << 3 << 0 << 6 << Legend{"Ch75", true, true};
-    QTest::newRow("bank 3 beyond the Alder's channels")
-        << int(ConsoleCache::ModelAlder) << 0 << 2 << 0 << 2 << Legend{"", true, false};
-    QTest::newRow("parameter page 0") << birch << 2 << 0 << 0 << 3 << Legend{"", false, false};
-    QTest::newRow("other parameter page") << birch << 2 << 0 << 4 << 4 << Legend{"", false, false};
-    QTest::newRow("memories") << birch << 1 << 0 << 0 << 5 << Legend{"M1.3", true, true};
-    QTest::newRow("unknown live mode is bank 1")
-        << birch << 7 << 2 << 0 << 0 << Legend{"Ch3", true, true};
+    const int maple = ConsoleCache::ModelMaple;
+    const LegendCase cases[] = {
+        {"bank 1", birch, 0, 3, "Ch3 editable", " hidden"},
+        {"bank 2, 24 memories a page", birch, 1, 3, "Ch27 editable", " hidden"},
+        {"bank 2, 48 memories a page", ConsoleCache::ModelCedar, 1, 3, "Ch51 editable", " hidden"},
+        {"bank 3", birch, 2, 3, "Ch51 editable", " hidden"},
+        {"bank 4", birch, 6, 3, "Ch75 editable", " hidden"},
+        {"bank 3 beyond the Alder's channels", ConsoleCache::ModelAlder, 2, 3, "", " hidden"},
+        {"parameter page 0", birch, 3, 3, " hidden", " hidden"},
+        {"other parameter page", birch, 4, 3, " hidden", " hidden"},
+        {"recorded memory", birch, 5, 3, "M2.3 editable", " hidden"},
+        {"nothing on the fader", birch, 5, 5, "", " hidden"},
+        {"sequence with steps wins over the memory", birch, 5, 14, "S2.2 editable", " hidden"},
+        {"empty sequence shows the memory", birch, 5, 15, "M2.15 editable", " hidden"},
+        {"Maple shows the memory's time", maple, 5, 3, "M2.3 editable", "2.5 editable"},
+        {"Maple sequence has no time", maple, 5, 14, "S2.2 editable", " hidden"},
+    };
+    addRows(cases);
 }
 
 void TestFaderBlock::legendsFollowTheFaderMode()
 {
-    QFETCH(int, model);
-    QFETCH(int, liveMode);
-    QFETCH(int, channelPage);
-    QFETCH(int, parameterPage);
-    QFETCH(int, mode);
-    QFETCH(Legend, legend);
-    PanelConsole console{ConsoleCache::ConsoleType(model)};
+    QFETCH(LegendCase, c);
+    PanelConsole console{ConsoleCache::ConsoleType(c.model)};
     console.nameEverything();
-    console.record()->memoryPage = 1;
-    console.memory(1, 3).recorded = 1;
-    setMode(console.record(), liveMode, channelPage, parameterPage);
-    QGraphicsScene scene;
-    FaderBlock* block = panelBlock(&scene, 0);
-    QCOMPARE(block->faderMode(), mode);
-    QCOMPARE(legendOf(block->legend(3, 0)), legend);
-    QCOMPARE(block->valueItem(3)->isVisible(), false);
-}
-
-void TestFaderBlock::memoryModeShowsSequencesBeforeMemories_data()
-{
-    QTest::addColumn<int>("model");
-    QTest::addColumn<int>("fader");
-    QTest::addColumn<Legend>("legend");
-    QTest::addColumn<Legend>("value");
-    const int alder = ConsoleCache::ModelAlder;
-    const int maple = ConsoleCache::ModelMaple;
-    const Legend noValue{"", false, false};
-    QTest::newRow("recorded memory") << alder << 3 << Legend{"M2.3", true, true} << noValue;
-    QTest::newRow("nothing on the fader") << alder << 5 << Legend{"", true, false} << noValue;
-    QTest::newRow("sequence with steps wins over the memory")
-        << alder << 14 << Legend{"S2.2", true, true} << noValue;
-    QTest::newRow("empty sequence shows the memory")
-        << alder << 15 << Legend{"M2.15", true, true} << noValue;
-    QTest::newRow("Maple shows the memory's time")
-        << maple << 3 << Legend{"M2.3", true, true} << Legend{"2.5", true, true};
-    QTest::newRow("Maple sequence has no time")
-        << maple << 14 << Legend{"S2.2", true, true} << noValue;
-}
-
-void TestFaderBlock::memoryModeShowsSequencesBeforeMemories()
-{
-    QFETCH(int, model);
-    QFETCH(int, fader);
-    QFETCH(Legend, legend);
-    QFETCH(Legend, value);
-    PanelConsole console{ConsoleCache::ConsoleType(model)};
-    console.nameEverything();
-    setMode(console.record(), 1, 0, 0);
-    console.record()->memoryPage = 2;
-    for (int index : {3, 14, 15}) {
-        console.memory(2, index).recorded = 1;
-        console.memory(2, index).time = 25;
-    }
-    console.sequence(2, 2).stepCount = 1; // fader 14 of 24
+    fillPageTwo(console);
+    setFaderMode(console.record(), c.mode);
     QGraphicsScene scene;
     FaderBlock* block = legendsBlock(&scene);
-    QCOMPARE(legendOf(block->legend(fader, 0)), legend);
-    QCOMPARE(legendOf(block->valueItem(fader)), value);
+    QCOMPARE(block->faderMode(), c.mode);
+    QCOMPARE(shown(block->legend(c.fader, 0)), QString::fromUtf8(c.legend));
+    QCOMPARE(shown(block->valueItem(c.fader)), QString::fromUtf8(c.value));
 }
 
 void TestFaderBlock::flashKeysOfHighFadersAreOffset_data()
@@ -211,7 +166,7 @@ void TestFaderBlock::playbackMarkerRepaints()
 {
     QFETCH(bool, playing);
     PanelConsole console(ConsoleCache::ModelAlder);
-    setMode(console.record(), 1, 0, 0);
+    setFaderMode(console.record(), 5);
     console.memory(0, 3).recorded = 1;
     console.record()->faders[3].active = !playing;
     QGraphicsScene scene;
@@ -224,114 +179,103 @@ void TestFaderBlock::playbackMarkerRepaints()
     console.record()->faders[3].active = playing;
     console.notify(ConsoleCode::FadersChanged);
     QCoreApplication::processEvents(); // the scene reports what to repaint
-    const QRectF marker = block->mapRectToScene(QRectF(3 * 40 + 2, 0, 38, 12));
     QRectF repainted;
     for (const QList<QVariant>& signal : std::as_const(changed)) {
         for (const QRectF& rect : signal.at(0).value<QList<QRectF>>())
             repainted |= rect;
     }
-    QVERIFY2(repainted.contains(marker), "the marker's area is repainted");
+    QVERIFY(repainted.contains(block->mapRectToScene(QRectF(3 * 40 + 2, 0, 38, 12))));
     const QImage image = paintedItem(block, QRect(0, -12, 480, 24), Qt::black);
     QCOMPARE(image.pixelColor(3 * 40 + 20, 12 + 6),
              playing ? QColor(252, 246, 105) : QColor(143, 120, 50));
 }
 
+struct EditCase
+{
+    const char* name;
+    int model;
+    int mode;
+    int fader;
+    int line;
+    FakeEngine::Call report;
+};
+
 void TestFaderBlock::legendEditsStoreByMode_data()
 {
-    QTest::addColumn<int>("model");
-    QTest::addColumn<int>("liveMode");
-    QTest::addColumn<int>("channelPage");
-    QTest::addColumn<int>("fader");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<QString>("stored"); // where the text lands
-    QTest::addColumn<FakeEngine::Call>("report");
     const int alder = ConsoleCache::ModelAlder;
-    QTest::newRow("bank 1") << alder << 0 << 0 << 4 << 2 << "channel 4"
-                            << FakeEngine::Call{ConsoleCode::ChannelTextChanged, 4};
-    QTest::newRow("bank 2 stores fader + 24")
-        << alder << 0 << 1 << 3 << 1 << "channel 27"
-        << FakeEngine::Call{ConsoleCode::ChannelTextChanged, 27};
-    QTest::newRow("memory name") << alder << 1 << 0 << 3 << 0 << "memory"
-                                 << FakeEngine::Call{ConsoleCode::MemoryChanged, 2, 3};
-    QTest::newRow("sequence name") << alder << 1 << 0 << 14 << 1 << "sequence"
-                                   << FakeEngine::Call{ConsoleCode::SequenceChanged, 2, 2};
-    QTest::newRow("memory time") << int(ConsoleCache::ModelMaple) << 1 << 0 << 3 << 3 << "time"
-                                 << FakeEngine::Call{ConsoleCode::MemoryChanged, 2, 3};
+    const EditCase cases[] = {
+        {"bank 1", alder, 0, 4, 2, {ConsoleCode::ChannelTextChanged, 4}},
+        {"bank 2 stores fader + 24", alder, 1, 3, 1, {ConsoleCode::ChannelTextChanged, 27}},
+        {"memory name", alder, 5, 3, 0, {ConsoleCode::MemoryChanged, 2, 3}},
+        {"sequence name", alder, 5, 14, 1, {ConsoleCode::SequenceChanged, 2, 2}},
+        {"memory time", ConsoleCache::ModelMaple, 5, 3, 3, {ConsoleCode::MemoryChanged, 2, 3}},
+    };
+    addRows(cases);
 }
 
 void TestFaderBlock::legendEditsStoreByMode()
 {
-    QFETCH(int, model);
-    QFETCH(int, liveMode);
-    QFETCH(int, channelPage);
-    QFETCH(int, fader);
-    QFETCH(int, line);
-    QFETCH(QString, stored);
-    QFETCH(FakeEngine::Call, report);
-    PanelConsole console{ConsoleCache::ConsoleType(model)};
-    setMode(console.record(), liveMode, channelPage, 0);
-    console.record()->memoryPage = 2;
-    console.memory(2, 3).recorded = 1;
-    console.sequence(2, 2).stepCount = 3;
+    QFETCH(EditCase, c);
+    PanelConsole console{ConsoleCache::ConsoleType(c.model)};
+    setFaderMode(console.record(), c.mode);
+    fillPageTwo(console);
     QGraphicsScene scene;
     FaderBlock* block = legendsBlock(&scene, false);
-    const bool value = line == FaderBlock::valueLine;
-    InPlaceEditableText* item = value ? block->valueItem(fader) : block->legend(fader, line);
+    const bool time = c.line == FaderBlock::valueLine;
+    InPlaceEditableText* item = time ? block->valueItem(c.fader) : block->legend(c.fader, c.line);
     QVERIFY(item->isEditable());
     console.engine.clearUpdates();
-    const QString text = value ? QStringLiteral("12.5") : QStringLiteral("Wash");
-    block->textChanged(item, text);
+    block->textChanged(item, time ? QStringLiteral("12.5") : QStringLiteral("Wash"));
+    QVERIFY(console.engine.updates().contains(c.report));
 
-    ConsoleCache* cache = console.console->cache();
-    if (stored == QLatin1String("memory"))
-        QCOMPARE(cache->memoryName(2, fader, line), text);
-    else if (stored == QLatin1String("sequence"))
-        QCOMPARE(cache->sequenceName(2, 2, line), text);
-    else if (stored == QLatin1String("time"))
-        QCOMPARE(cache->memoryTime(2, fader), 125);
-    else
-        QCOMPARE(cache->channelLegend(stored.mid(8).toInt(), line), text);
-    QVERIFY(console.engine.updates().contains(report));
+    const ConsoleCache* cache = console.console->cache();
+    const int code = c.report.code;
+    const QString stored =
+        code == ConsoleCode::ChannelTextChanged ? cache->channelLegend(c.report.a, c.line)
+        : code == ConsoleCode::SequenceChanged  ? cache->sequenceName(2, 2, c.line)
+        : time                                  ? QString::number(cache->memoryTime(2, c.fader))
+                                                : cache->memoryName(2, c.fader, c.line);
+    QCOMPARE(stored, time ? QStringLiteral("125") : QStringLiteral("Wash"));
 }
+
+struct StatusCase
+{
+    const char* name;
+    int mode;
+    bool blind;
+    int fader;
+    QColor colourA;
+    QColor colourB;
+};
 
 void TestFaderBlock::faderStatusColoursFollowTheMode_data()
 {
-    QTest::addColumn<int>("liveMode");
-    QTest::addColumn<int>("parameterPage");
-    QTest::addColumn<bool>("blind");
-    QTest::addColumn<int>("fader");
-    QTest::addColumn<QColor>("colourA");
-    QTest::addColumn<QColor>("colourB");
-    const QColor none;
-    QTest::newRow("channels") << 0 << 0 << false << 3 << QColor(0, 255, 0) << none;
-    QTest::newRow("channels in blind")
-        << 0 << 0 << true << 3 << QColor(0, 255, 0) << QColor(0, 0, 255);
-    QTest::newRow("parameters, blind ignored") << 2 << 1 << true << 3 << QColor(0, 255, 0) << none;
-    QTest::newRow("memories: sequence with steps")
-        << 1 << 0 << false << 14 << QColor(255, 255, 0) << none;
-    QTest::newRow("memories: empty sequence") << 1 << 0 << false << 15 << QColor(255, 0, 0) << none;
-    QTest::newRow("memories: memory fader") << 1 << 0 << false << 3 << QColor(255, 0, 0) << none;
+    const QColor green(0, 255, 0);
+    const QColor red(255, 0, 0);
+    const StatusCase cases[] = {
+        {"channels", 0, false, 3, green, {}},
+        {"channels in blind", 0, true, 3, green, QColor(0, 0, 255)},
+        {"parameters, blind ignored", 4, true, 3, green, {}},
+        {"memories: sequence with steps", 5, false, 14, QColor(255, 255, 0), {}},
+        {"memories: empty sequence", 5, false, 16, red, {}},
+        {"memories: memory fader", 5, false, 3, red, {}},
+    };
+    addRows(cases);
 }
 
 void TestFaderBlock::faderStatusColoursFollowTheMode()
 {
-    QFETCH(int, liveMode);
-    QFETCH(int, parameterPage);
-    QFETCH(bool, blind);
-    QFETCH(int, fader);
-    QFETCH(QColor, colourA);
-    QFETCH(QColor, colourB);
+    QFETCH(StatusCase, c);
     PanelConsole console(ConsoleCache::ModelAlder);
-    console.record()->memoryPage = 4;
-    console.sequence(4, 2).stepCount = 1;
+    fillPageTwo(console);
     QGraphicsScene scene;
     FaderBlock* block = legendsBlock(&scene);
     // Set up after construction: the console tells the block what changed.
-    setMode(console.record(), liveMode, 0, parameterPage);
-    console.record()->blindMode = blind ? 1 : 0;
+    setFaderMode(console.record(), c.mode);
+    console.record()->blindMode = c.blind ? 1 : 0;
     console.notify(ConsoleCode::ConsoleStatusChanged);
-    QCOMPARE(block->fader(fader)->levelColourA(), colourA);
-    QCOMPARE(block->fader(fader)->levelColourB(), colourB);
+    QCOMPARE(block->fader(c.fader)->levelColourA(), c.colourA);
+    QCOMPARE(block->fader(c.fader)->levelColourB(), c.colourB);
 }
 
 void TestFaderBlock::faderLevelsFollowTheConsole()
@@ -348,21 +292,21 @@ void TestFaderBlock::faderLevelsFollowTheConsole()
     console.notify(ConsoleCode::FadersChanged);
     QCOMPARE(tracking->fader(2)->levelA(), 1.0f);
 
-    console.record()->channelPage = 1; // bank 2: fader 2 is channel 26
+    setFaderMode(console.record(), 1); // bank 2: fader 2 is channel 26
     console.record()->blindLevels[26] = 102;
     console.notify(ConsoleCode::BlindLevelsChanged);
     QCOMPARE(tracking->fader(2)->levelB(), 0.4f);
     QCOMPARE(still->fader(2)->levelB(), 0.0f);
 }
 
-void TestFaderBlock::modeChangeFromTheConsoleRefreshes()
+void TestFaderBlock::consoleChangesRefresh()
 {
     PanelConsole console(ConsoleCache::ModelBirch);
     console.nameEverything();
     QGraphicsScene scene;
     FaderBlock* block = panelBlock(&scene, 12);
     QCOMPARE(block->legend(0, 0)->text(), QStringLiteral("Ch12"));
-    console.record()->channelPage = 2;
+    setFaderMode(console.record(), 2);
     console.notify(ConsoleCode::ConsoleStatusChanged);
     QCOMPARE(block->legend(0, 0)->text(), QStringLiteral("Ch60"));
 
@@ -370,10 +314,9 @@ void TestFaderBlock::modeChangeFromTheConsoleRefreshes()
     console.notify(ConsoleCode::ChannelTextChanged, 60);
     QCOMPARE(block->legend(0, 0)->text(), QStringLiteral("Spot"));
 
-    console.record()->liveMode = 2;
+    setFaderMode(console.record(), 3);
     console.notify(ConsoleCode::ConsoleStatusChanged);
-    QCOMPARE(block->faderMode(), 3);
-    QCOMPARE(block->legend(0, 0)->isVisible(), false);
+    QCOMPARE(shown(block->legend(0, 0)), QStringLiteral(" hidden"));
 }
 
 int main(int argc, char** argv)

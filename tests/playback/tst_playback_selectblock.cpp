@@ -18,8 +18,6 @@ class TestSelectBlock : public QObject
 private slots:
     void legendsFollowTheSelectMode_data();
     void legendsFollowTheSelectMode();
-    void keysSendTheirPanelKeys_data();
-    void keysSendTheirPanelKeys();
     void editsStoreBySelectMode_data();
     void editsStoreBySelectMode();
     void selectModeChangeRefreshes();
@@ -38,16 +36,13 @@ void TestSelectBlock::legendsFollowTheSelectMode_data()
     QTest::addColumn<bool>("editable");
     const int maple = ConsoleCache::ModelMaple;
     QTest::newRow("channels, key 1") << maple << 1 << 0 << "Ch48" << true;
-    QTest::newRow("channels, key 24") << maple << 1 << 23 << "Ch71" << true;
     QTest::newRow("channels beyond the Alder's")
         << int(ConsoleCache::ModelAlder) << 1 << 0 << "" << false;
-    QTest::newRow("groups") << maple << 2 << 5 << "G5" << true;
-    QTest::newRow("groups, other mode") << maple << 3 << 17 << "G17" << true;
+    QTest::newRow("groups, key 18") << maple << 3 << 17 << "G17" << true;
     QTest::newRow("focus palettes") << maple << 4 << 2 << "F2" << true;
     QTest::newRow("colour palettes") << maple << 5 << 2 << "K2" << true;
     QTest::newRow("beam palettes") << maple << 6 << 20 << "B20" << true;
     QTest::newRow("effects") << maple << 7 << 20 << "E20" << true;
-    QTest::newRow("effects, other mode") << maple << 8 << 0 << "E0" << true;
     QTest::newRow("second effect page, key 1") << maple << 9 << 0 << "E24" << true;
     QTest::newRow("second effect page, key 12") << maple << 10 << 11 << "E35" << true;
     QTest::newRow("second effect page, key 13 blank") << maple << 9 << 12 << "" << false;
@@ -71,30 +66,6 @@ void TestSelectBlock::legendsFollowTheSelectMode()
     QCOMPARE(block->legend(column, 0)->text(), text);
     QCOMPARE(block->legend(column, 0)->isEditable(), editable);
     QCOMPARE(block->legend(column, 2)->isEditable(), editable);
-}
-
-void TestSelectBlock::keysSendTheirPanelKeys_data()
-{
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("panelKey");
-    QTest::newRow("key 1") << 0 << 24;
-    QTest::newRow("key 12") << 11 << 35;
-    QTest::newRow("key 13, in the lower row") << 12 << 36;
-    QTest::newRow("key 24") << 23 << 47;
-}
-
-void TestSelectBlock::keysSendTheirPanelKeys()
-{
-    QFETCH(int, column);
-    QFETCH(int, panelKey);
-    PanelConsole console(ConsoleCache::ModelMaple);
-    QGraphicsScene scene;
-    auto* block = new SelectBlock(&scene, 40, 54, true);
-    QCOMPARE(block->key(column)->text(), QString::number(column + 1));
-    SceneView(&scene, QSize(600, 200)).click(block->key(column)->sceneBoundingRect().center());
-    QCOMPARE(allEventBytes(console.engine),
-             (QList<QByteArray>{eventBytes(PanelEvent::PanelButton, panelKey, 0, 1),
-                                eventBytes(PanelEvent::PanelButton, panelKey, 0, 0)}));
 }
 
 void TestSelectBlock::editsStoreBySelectMode_data()
