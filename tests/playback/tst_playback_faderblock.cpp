@@ -65,8 +65,6 @@ private slots:
     void zeroKeySendsOnlyFadersThatMove();
     void playbackMarkerRepaints_data();
     void playbackMarkerRepaints();
-    void legendEditsStoreByMode_data();
-    void legendEditsStoreByMode();
     void faderStatusColoursFollowTheMode_data();
     void faderStatusColoursFollowTheMode();
     void faderLevelsFollowTheConsole();
@@ -76,32 +74,36 @@ private slots:
 struct LegendCase
 {
     const char* name;
-    int model;
-    int mode;
-    int fader;
-    const char* legend; // line 0
-    const char* value;
+    int model, mode, fader;
+    const char *legend, *value; // line 0, the value line
+    FakeEngine::Call edit;      // what typing into line 0 (the value when shown) reports
 };
 
 void TestFaderBlock::legendsFollowTheFaderMode_data()
 {
+    const int alder = ConsoleCache::ModelAlder;
     const int birch = ConsoleCache::ModelBirch;
+    const int cedar = ConsoleCache::ModelCedar;
     const int maple = ConsoleCache::ModelMaple;
+    const char* hidden = " hidden";
+    const auto channel = [](int n) { return FakeEngine::Call{ConsoleCode::ChannelTextChanged, n}; };
+    const FakeEngine::Call memory{ConsoleCode::MemoryChanged, 2, 3};
+    const FakeEngine::Call sequence{ConsoleCode::SequenceChanged, 2, 2};
     const LegendCase cases[] = {
-        {"bank 1", birch, 0, 3, "Ch3 editable", " hidden"},
-        {"bank 2, 24 memories a page", birch, 1, 3, "Ch27 editable", " hidden"},
-        {"bank 2, 48 memories a page", ConsoleCache::ModelCedar, 1, 3, "Ch51 editable", " hidden"},
-        {"bank 3", birch, 2, 3, "Ch51 editable", " hidden"},
-        {"bank 4", birch, 6, 3, "Ch75 editable", " hidden"},
-        {"bank 3 beyond the Alder's channels", ConsoleCache::ModelAlder, 2, 3, "", " hidden"},
-        {"parameter page 0", birch, 3, 3, " hidden", " hidden"},
-        {"other parameter page", birch, 4, 3, " hidden", " hidden"},
-        {"recorded memory", birch, 5, 3, "M2.3 editable", " hidden"},
-        {"nothing on the fader", birch, 5, 5, "", " hidden"},
-        {"sequence with steps wins over the memory", birch, 5, 14, "S2.2 editable", " hidden"},
-        {"empty sequence shows the memory", birch, 5, 15, "M2.15 editable", " hidden"},
-        {"Maple shows the memory's time", maple, 5, 3, "M2.3 editable", "2.5 editable"},
-        {"Maple sequence has no time", maple, 5, 14, "S2.2 editable", " hidden"},
+        {"bank 1", birch, 0, 3, "Ch3 editable", hidden, channel(3)},
+        {"bank 2, 24 memories a page", birch, 1, 3, "Ch27 editable", hidden, channel(27)},
+        {"bank 2, 48 memories a page", cedar, 1, 3, "Ch51 editable", hidden, channel(51)},
+        {"bank 3", birch, 2, 3, "Ch51 editable", hidden, {}},
+        {"bank 4", birch, 6, 3, "Ch75 editable", hidden, {}},
+        {"bank 3 beyond the Alder's channels", alder, 2, 3, "", hidden, {}},
+        {"parameter page 0", birch, 3, 3, hidden, hidden, {}},
+        {"other parameter page", birch, 4, 3, hidden, hidden, {}},
+        {"recorded memory", birch, 5, 3, "M2.3 editable", hidden, memory},
+        {"nothing on the fader", birch, 5, 5, "", hidden, {}},
+        {"sequence with steps before memory", birch, 5, 14, "S2.2 editable", hidden, sequence},
+        {"empty sequence shows the memory", birch, 5, 15, "M2.15 editable", hidden, {}},
+        {"Maple shows the memory's time", maple, 5, 3, "M2.3 editable", "2.5 editable", memory},
+        {"Maple sequence has no time", maple, 5, 14, "S2.2 editable", hidden, {}},
     };
     addRows(cases);
 }
@@ -118,6 +120,16 @@ void TestFaderBlock::legendsFollowTheFaderMode()
     QCOMPARE(block->faderMode(), c.mode);
     QCOMPARE(shown(block->legend(c.fader, 0)), QString::fromUtf8(c.legend));
     QCOMPARE(shown(block->valueItem(c.fader)), QString::fromUtf8(c.value));
+    if (!c.edit.code)
+        return;
+    // The edit is stored and reported, and comes back through the console.
+    const bool time = block->valueItem(c.fader)->isVisible();
+    InPlaceEditableText* item = time ? block->valueItem(c.fader) : block->legend(c.fader, 0);
+    const QString text = time ? QStringLiteral("12.5") : QStringLiteral("Wash");
+    block->textChanged(item, text);
+    QCoreApplication::processEvents();
+    QCOMPARE(console.engine.updates(), QList<FakeEngine::Call>{c.edit});
+    QCOMPARE(item->text(), text);
 }
 
 void TestFaderBlock::flashKeysOfHighFadersAreOffset_data()
@@ -190,62 +202,13 @@ void TestFaderBlock::playbackMarkerRepaints()
              playing ? QColor(252, 246, 105) : QColor(143, 120, 50));
 }
 
-struct EditCase
-{
-    const char* name;
-    int model;
-    int mode;
-    int fader;
-    int line;
-    FakeEngine::Call report;
-};
-
-void TestFaderBlock::legendEditsStoreByMode_data()
-{
-    const int alder = ConsoleCache::ModelAlder;
-    const EditCase cases[] = {
-        {"bank 1", alder, 0, 4, 2, {ConsoleCode::ChannelTextChanged, 4}},
-        {"bank 2 stores fader + 24", alder, 1, 3, 1, {ConsoleCode::ChannelTextChanged, 27}},
-        {"memory name", alder, 5, 3, 0, {ConsoleCode::MemoryChanged, 2, 3}},
-        {"sequence name", alder, 5, 14, 1, {ConsoleCode::SequenceChanged, 2, 2}},
-        {"memory time", ConsoleCache::ModelMaple, 5, 3, 3, {ConsoleCode::MemoryChanged, 2, 3}},
-    };
-    addRows(cases);
-}
-
-void TestFaderBlock::legendEditsStoreByMode()
-{
-    QFETCH(EditCase, c);
-    PanelConsole console{ConsoleCache::ConsoleType(c.model)};
-    setFaderMode(console.record(), c.mode);
-    fillPageTwo(console);
-    QGraphicsScene scene;
-    FaderBlock* block = legendsBlock(&scene, false);
-    const bool time = c.line == FaderBlock::valueLine;
-    InPlaceEditableText* item = time ? block->valueItem(c.fader) : block->legend(c.fader, c.line);
-    QVERIFY(item->isEditable());
-    console.engine.clearUpdates();
-    block->textChanged(item, time ? QStringLiteral("12.5") : QStringLiteral("Wash"));
-    QVERIFY(console.engine.updates().contains(c.report));
-
-    const ConsoleCache* cache = console.console->cache();
-    const int code = c.report.code;
-    const QString stored =
-        code == ConsoleCode::ChannelTextChanged ? cache->channelLegend(c.report.a, c.line)
-        : code == ConsoleCode::SequenceChanged  ? cache->sequenceName(2, 2, c.line)
-        : time                                  ? QString::number(cache->memoryTime(2, c.fader))
-                                                : cache->memoryName(2, c.fader, c.line);
-    QCOMPARE(stored, time ? QStringLiteral("125") : QStringLiteral("Wash"));
-}
-
 struct StatusCase
 {
     const char* name;
     int mode;
     bool blind;
     int fader;
-    QColor colourA;
-    QColor colourB;
+    QColor colourA, colourB;
 };
 
 void TestFaderBlock::faderStatusColoursFollowTheMode_data()

@@ -18,8 +18,6 @@ class TestSelectBlock : public QObject
 private slots:
     void legendsFollowTheSelectMode_data();
     void legendsFollowTheSelectMode();
-    void editsStoreBySelectMode_data();
-    void editsStoreBySelectMode();
     void selectModeChangeRefreshes();
     void gmRowByModel_data();
     void gmRowByModel();
@@ -27,76 +25,54 @@ private slots:
     void pageNamesFollowTheCurrentPage();
 };
 
+struct LegendCase
+{
+    const char* name;
+    int model, mode, column;
+    const char* text; // line 0; empty ones are not editable
+    FakeEngine::Call edit;
+};
+
 void TestSelectBlock::legendsFollowTheSelectMode_data()
 {
-    QTest::addColumn<int>("model");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("editable");
     const int maple = ConsoleCache::ModelMaple;
-    QTest::newRow("channels, key 1") << maple << 1 << 0 << "Ch48" << true;
-    QTest::newRow("channels beyond the Alder's")
-        << int(ConsoleCache::ModelAlder) << 1 << 0 << "" << false;
-    QTest::newRow("groups, key 18") << maple << 3 << 17 << "G17" << true;
-    QTest::newRow("focus palettes") << maple << 4 << 2 << "F2" << true;
-    QTest::newRow("colour palettes") << maple << 5 << 2 << "K2" << true;
-    QTest::newRow("beam palettes") << maple << 6 << 20 << "B20" << true;
-    QTest::newRow("effects") << maple << 7 << 20 << "E20" << true;
-    QTest::newRow("second effect page, key 1") << maple << 9 << 0 << "E24" << true;
-    QTest::newRow("second effect page, key 12") << maple << 10 << 11 << "E35" << true;
-    QTest::newRow("second effect page, key 13 blank") << maple << 9 << 12 << "" << false;
-    QTest::newRow("mode 0") << maple << 0 << 3 << "" << false;
-    QTest::newRow("unknown mode") << maple << 11 << 3 << "" << false;
+    const LegendCase cases[] = {
+        {"channels, key 3", maple, 1, 2, "Ch50", {ConsoleCode::ChannelTextChanged, 50}},
+        {"channels beyond the Alder's", ConsoleCache::ModelAlder, 1, 0, "", {}},
+        {"groups, key 15", maple, 2, 14, "G14", {ConsoleCode::GroupChanged, 14}},
+        {"groups, other mode", maple, 3, 17, "G17", {}},
+        {"focus palettes", maple, 4, 2, "F2", {}},
+        {"colour palettes", maple, 5, 3, "K3", {ConsoleCode::PaletteChanged, 3}},
+        {"beam palettes", maple, 6, 20, "B20", {}},
+        {"effects", maple, 7, 20, "E20", {}},
+        {"second effect page, key 1", maple, 9, 0, "E24", {}},
+        {"second effect page, key 5", maple, 10, 4, "E28", {ConsoleCode::EffectsChanged, 28}},
+        {"second effect page, key 13 blank", maple, 9, 12, "", {}},
+        {"mode 0", maple, 0, 3, "", {}},
+        {"unknown mode", maple, 11, 3, "", {}},
+    };
+    addRows(cases);
 }
 
 void TestSelectBlock::legendsFollowTheSelectMode()
 {
-    QFETCH(int, model);
-    QFETCH(int, mode);
-    QFETCH(int, column);
-    QFETCH(QString, text);
-    QFETCH(bool, editable);
-    PanelConsole console{ConsoleCache::ConsoleType(model)};
+    QFETCH(LegendCase, c);
+    PanelConsole console{ConsoleCache::ConsoleType(c.model)};
     console.nameEverything();
-    console.record()->selectMode = quint32(mode);
+    console.record()->selectMode = quint32(c.mode);
     QGraphicsScene scene;
     auto* block = new SelectBlock(&scene, 40, 54, false);
-    QCOMPARE(block->selectMode(), mode);
-    QCOMPARE(block->legend(column, 0)->text(), text);
-    QCOMPARE(block->legend(column, 0)->isEditable(), editable);
-    QCOMPARE(block->legend(column, 2)->isEditable(), editable);
-}
-
-void TestSelectBlock::editsStoreBySelectMode_data()
-{
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<FakeEngine::Call>("report");
-    QTest::newRow("channel") << 1 << 2 << FakeEngine::Call{ConsoleCode::ChannelTextChanged, 50};
-    QTest::newRow("group") << 2 << 14 << FakeEngine::Call{ConsoleCode::GroupChanged, 14};
-    QTest::newRow("colour palette") << 5 << 3 << FakeEngine::Call{ConsoleCode::PaletteChanged, 3};
-    QTest::newRow("second effect page")
-        << 9 << 4 << FakeEngine::Call{ConsoleCode::EffectsChanged, 28};
-}
-
-void TestSelectBlock::editsStoreBySelectMode()
-{
-    QFETCH(int, mode);
-    QFETCH(int, column);
-    QFETCH(FakeEngine::Call, report);
-    PanelConsole console(ConsoleCache::ModelMaple);
-    console.record()->selectMode = quint32(mode);
-    QGraphicsScene scene;
-    auto* block = new SelectBlock(&scene, 40, 54, false);
-    block->textChanged(block->legend(column, 1), QStringLiteral("Wash"));
-    QCOMPARE(console.engine.updates(), QList<FakeEngine::Call>{report});
-    const ConsoleCache* cache = console.console->cache();
-    const QString stored = mode == 1   ? cache->channelLegend(50, 1)
-                           : mode == 2 ? cache->groupName(14, 1)
-                           : mode == 5 ? cache->paletteName(3, 1, 1)
-                                       : cache->effectName(28, 1);
-    QCOMPARE(stored, QStringLiteral("Wash"));
+    const QString text = QString::fromUtf8(c.text);
+    QCOMPARE(block->legend(c.column, 0)->text(), text);
+    QCOMPARE(block->legend(c.column, 0)->isEditable(), !text.isEmpty());
+    QCOMPARE(block->legend(c.column, 2)->isEditable(), !text.isEmpty());
+    if (!c.edit.code)
+        return;
+    // The edit is stored and reported, and comes back through the console.
+    block->textChanged(block->legend(c.column, 1), QStringLiteral("Wash"));
+    QCoreApplication::processEvents();
+    QCOMPARE(console.engine.updates(), QList<FakeEngine::Call>{c.edit});
+    QCOMPARE(block->legend(c.column, 1)->text(), QStringLiteral("Wash"));
 }
 
 void TestSelectBlock::selectModeChangeRefreshes()
