@@ -18,10 +18,8 @@ private slots:
     void keySendsEveryPressAndRelease();
     void ledColours_data();
     void ledColours();
-    void faderDragSendsLevels_data();
-    void faderDragSendsLevels();
-    void wheelSendsStepsPerTwelvePixels_data();
-    void wheelSendsStepsPerTwelvePixels();
+    void dragsSendEvents_data();
+    void dragsSendEvents();
     void displayDrawsCellsInBlack_data();
     void displayDrawsCellsInBlack();
     void displayReadsTheRecord();
@@ -77,73 +75,58 @@ void TestFrontPanelControls::ledColours()
     }
 }
 
-void TestFrontPanelControls::faderDragSendsLevels_data()
+struct DragCase
 {
-    QTest::addColumn<int>("travel");
-    QTest::addColumn<QList<int>>("pixelsUp"); // one mouse move each
-    QTest::addColumn<QList<int>>("levels");
-    QTest::newRow("to the top") << 110 << QList<int>{110} << QList<int>{255};
-    QTest::newRow("past the top") << 110 << QList<int>{200} << QList<int>{255};
-    QTest::newRow("half way") << 110 << QList<int>{55} << QList<int>{127};
-    QTest::newRow("half of a master") << 128 << QList<int>{64} << QList<int>{127};
-    QTest::newRow("one pixel") << 110 << QList<int>{1} << QList<int>{2};
-    QTest::newRow("held still, sent again")
-        << 110 << QList<int>{110, 110, 300} << QList<int>{255, 255, 255};
+    const char* name;
+    int travel;       // of a fader; 0 for a wheel
+    QList<int> moves; // mouse y of each move, from the press
+    QList<int> sent;  // levels or steps
+    int remainder;    // of the wheel
+};
+
+void TestFrontPanelControls::dragsSendEvents_data()
+{
+    const DragCase cases[] = {
+        {"fader to the top", 110, {-110}, {255}, 0},
+        {"fader past the top", 110, {-200}, {255}, 0},
+        {"fader half way", 110, {-55}, {127}, 0},
+        {"master half way", 128, {-64}, {127}, 0},
+        {"fader one pixel", 110, {-1}, {2}, 0},
+        {"fader held still, sent again", 110, {-110, -110, -300}, {255, 255, 255}, 0},
+        {"wheel 11 up sends nothing", 0, {-11}, {}, 11},
+        {"wheel one more sends +1", 0, {-11, -12}, {1}, 0},
+        {"wheel 30 down sends -2", 0, {30}, {-2}, -6},
+    };
+    addRows(cases);
 }
 
-void TestFrontPanelControls::faderDragSendsLevels()
+void TestFrontPanelControls::dragsSendEvents()
 {
-    QFETCH(int, travel);
-    QFETCH(QList<int>, pixelsUp);
-    QFETCH(QList<int>, levels);
-    PanelConsole console(ConsoleCache::ModelAlder);
-    QGraphicsScene scene;
-    auto* fader = new ConsoleFader(nullptr, &scene, 50, travel, false, false);
-    fader->setPos(20, 20);
-    SceneView view(&scene);
-    const QPointF knob = fader->mapToScene(fader->knobRect().center());
-    view.press(knob);
-    for (const int up : pixelsUp)
-        view.move(knob - QPointF(0, up));
-    view.release(knob);
-    QList<QByteArray> expected;
-    for (const int level : levels)
-        expected << eventBytes(PanelEvent::PanelFader, 50, level, 0);
-    QCOMPARE(allEventBytes(console.engine), expected);
-}
-
-void TestFrontPanelControls::wheelSendsStepsPerTwelvePixels_data()
-{
-    QTest::addColumn<QList<int>>("drag"); // mouse y of each move, from the press
-    QTest::addColumn<QList<int>>("steps");
-    QTest::addColumn<int>("remainder");
-    QTest::newRow("11 up sends nothing") << QList<int>{-11} << QList<int>{} << 11;
-    QTest::newRow("one more sends +1") << QList<int>{-11, -12} << QList<int>{1} << 0;
-    QTest::newRow("30 down sends -2") << QList<int>{30} << QList<int>{-2} << -6;
-}
-
-void TestFrontPanelControls::wheelSendsStepsPerTwelvePixels()
-{
-    QFETCH(QList<int>, drag);
-    QFETCH(QList<int>, steps);
-    QFETCH(int, remainder);
+    QFETCH(DragCase, c);
     PanelConsole console(ConsoleCache::ModelMaple);
     QGraphicsScene scene;
-    auto* wheel = new ConsoleWheel(nullptr, &scene, 2);
-    wheel->setPos(100, 100);
+    ConsoleWheel* wheel = c.travel ? nullptr : new ConsoleWheel(nullptr, &scene, 50);
+    QPointF grip(41, 41);
+    if (c.travel) {
+        auto* fader = new ConsoleFader(nullptr, &scene, 50, c.travel, false, false);
+        grip = fader->mapToScene(fader->knobRect().center());
+    }
+    const float angle = wheel ? wheel->angle() : 0.0f;
     SceneView view(&scene);
-    const float angle = wheel->angle();
-    const QPointF start(141, 141);
-    view.press(start);
-    for (const int y : drag)
-        view.move(start + QPointF(0, y));
+    view.press(grip);
+    for (const int y : c.moves)
+        view.move(grip + QPointF(0, y));
+    view.release(grip + QPointF(0, c.moves.last()));
     QList<QByteArray> expected;
-    for (const int step : steps)
-        expected << eventBytes(PanelEvent::PanelWheel, 2, quint8(qint8(step)), 0);
+    for (const int value : c.sent)
+        expected << eventBytes(wheel ? PanelEvent::PanelWheel : PanelEvent::PanelFader, 50,
+                               quint8(qint8(value)), 0);
     QCOMPARE(allEventBytes(console.engine), expected);
-    QCOMPARE(wheel->remainder(), remainder);
+    if (!wheel)
+        return;
+    QCOMPARE(wheel->remainder(), c.remainder);
     // One degree per pixel, forward for an upward drag.
-    QCOMPARE(qRound((angle - wheel->angle()) * 180.0f / 3.1415f), drag.last());
+    QCOMPARE(qRound((angle - wheel->angle()) * 180.0f / 3.1415f), c.moves.last());
 }
 
 void TestFrontPanelControls::displayDrawsCellsInBlack_data()

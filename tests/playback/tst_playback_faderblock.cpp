@@ -7,6 +7,7 @@
 #include "FaderBlock.h"
 #include "Lumidesk.h"
 
+#include <QHash>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -17,6 +18,20 @@ QString shown(const InPlaceEditableText* item)
 {
     return QStringLiteral("%1%2%3").arg(item->text(), item->isVisible() ? "" : " hidden",
                                         item->isEditable() ? " editable" : "");
+}
+
+// The colours of a fader's level bars: "green", "green+blue" ...
+QString bars(const ConsoleFader* fader)
+{
+    const auto name = [](const QColor& colour) {
+        const QHash<QRgb, QString> names{{qRgb(0, 255, 0), "green"},
+                                         {qRgb(0, 0, 255), "blue"},
+                                         {qRgb(255, 255, 0), "yellow"},
+                                         {qRgb(255, 0, 0), "red"}};
+        return names.value(colour.rgb(), colour.name());
+    };
+    const QColor b = fader->levelColourB();
+    return name(fader->levelColourA()) + (b.isValid() ? QLatin1Char('+') + name(b) : QString());
 }
 
 // The record's words for a fader mode code (0-6).
@@ -60,15 +75,11 @@ class TestFaderBlock : public QObject
 private slots:
     void legendsFollowTheFaderMode_data();
     void legendsFollowTheFaderMode();
-    void flashKeysOfHighFadersAreOffset_data();
-    void flashKeysOfHighFadersAreOffset();
-    void zeroKeySendsOnlyFadersThatMove();
+    void keysSendPanelEvents_data();
+    void keysSendPanelEvents();
     void playbackMarkerRepaints_data();
     void playbackMarkerRepaints();
-    void faderStatusColoursFollowTheMode_data();
-    void faderStatusColoursFollowTheMode();
     void faderLevelsFollowTheConsole();
-    void consoleChangesRefresh();
 };
 
 struct LegendCase
@@ -76,6 +87,7 @@ struct LegendCase
     const char* name;
     int model, mode, fader;
     const char *legend, *value; // line 0, the value line
+    const char* bars;           // the fader's level bar colours
     FakeEngine::Call edit;      // what typing into line 0 (the value when shown) reports
 };
 
@@ -90,20 +102,20 @@ void TestFaderBlock::legendsFollowTheFaderMode_data()
     const FakeEngine::Call memory{ConsoleCode::MemoryChanged, 2, 3};
     const FakeEngine::Call sequence{ConsoleCode::SequenceChanged, 2, 2};
     const LegendCase cases[] = {
-        {"bank 1", birch, 0, 3, "Ch3 editable", hidden, channel(3)},
-        {"bank 2, 24 memories a page", birch, 1, 3, "Ch27 editable", hidden, channel(27)},
-        {"bank 2, 48 memories a page", cedar, 1, 3, "Ch51 editable", hidden, channel(51)},
-        {"bank 3", birch, 2, 3, "Ch51 editable", hidden, {}},
-        {"bank 4", birch, 6, 3, "Ch75 editable", hidden, {}},
-        {"bank 3 beyond the Alder's channels", alder, 2, 3, "", hidden, {}},
-        {"parameter page 0", birch, 3, 3, hidden, hidden, {}},
-        {"other parameter page", birch, 4, 3, hidden, hidden, {}},
-        {"recorded memory", birch, 5, 3, "M2.3 editable", hidden, memory},
-        {"nothing on the fader", birch, 5, 5, "", hidden, {}},
-        {"sequence with steps before memory", birch, 5, 14, "S2.2 editable", hidden, sequence},
-        {"empty sequence shows the memory", birch, 5, 15, "M2.15 editable", hidden, {}},
-        {"Maple shows the memory's time", maple, 5, 3, "M2.3 editable", "2.5 editable", memory},
-        {"Maple sequence has no time", maple, 5, 14, "S2.2 editable", hidden, {}},
+        {"bank 1", birch, 0, 3, "Ch3 editable", hidden, "green", channel(3)},
+        {"bank 2, 24 memories a page", birch, 1, 3, "Ch27 editable", hidden, "green", channel(27)},
+        {"bank 2, 48 memories a page", cedar, 1, 3, "Ch51 editable", hidden, "green", channel(51)},
+        {"bank 3", birch, 2, 3, "Ch51 editable", hidden, "green", {}},
+        {"bank 4", birch, 6, 3, "Ch75 editable", hidden, "green", {}},
+        {"bank 3 beyond the Alder's channels", alder, 2, 3, "", hidden, "green", {}},
+        {"parameter page 0", birch, 3, 3, hidden, hidden, "green", {}},
+        {"other parameter page", birch, 4, 3, hidden, hidden, "green", {}},
+        {"recorded memory", birch, 5, 3, "M2.3 editable", hidden, "red", memory},
+        {"nothing on the fader", birch, 5, 5, "", hidden, "red", {}},
+        {"sequence before memory", birch, 5, 14, "S2.2 editable", hidden, "yellow", sequence},
+        {"empty sequence shows the memory", birch, 5, 15, "M2.15 editable", hidden, "red", {}},
+        {"Maple memory's time", maple, 5, 3, "M2.3 editable", "2.5 editable", "red", memory},
+        {"Maple sequence has no time", maple, 5, 14, "S2.2 editable", hidden, "yellow", {}},
     };
     addRows(cases);
 }
@@ -114,10 +126,13 @@ void TestFaderBlock::legendsFollowTheFaderMode()
     PanelConsole console{ConsoleCache::ConsoleType(c.model)};
     console.nameEverything();
     fillPageTwo(console);
-    setFaderMode(console.record(), c.mode);
     QGraphicsScene scene;
     FaderBlock* block = legendsBlock(&scene);
+    // The console switches from bank 1 to the mode.
+    setFaderMode(console.record(), c.mode);
+    console.notify(ConsoleCode::ConsoleStatusChanged);
     QCOMPARE(block->faderMode(), c.mode);
+    QCOMPARE(bars(block->fader(c.fader)), QString::fromUtf8(c.bars));
     QCOMPARE(shown(block->legend(c.fader, 0)), QString::fromUtf8(c.legend));
     QCOMPARE(shown(block->valueItem(c.fader)), QString::fromUtf8(c.value));
     if (!c.edit.code)
@@ -132,16 +147,16 @@ void TestFaderBlock::legendsFollowTheFaderMode()
     QCOMPARE(item->text(), text);
 }
 
-void TestFaderBlock::flashKeysOfHighFadersAreOffset_data()
+void TestFaderBlock::keysSendPanelEvents_data()
 {
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("lastKey"); // of the block's twelfth fader
     QTest::newRow("faders 13-24") << 12 << 23;
-    QTest::newRow("faders 25-36") << 24 << 108;
+    QTest::newRow("faders 25-36, keys after the others") << 24 << 108;
     QTest::newRow("faders 37-48") << 36 << 120;
 }
 
-void TestFaderBlock::flashKeysOfHighFadersAreOffset()
+void TestFaderBlock::keysSendPanelEvents()
 {
     QFETCH(int, first);
     QFETCH(int, lastKey);
@@ -149,21 +164,15 @@ void TestFaderBlock::flashKeysOfHighFadersAreOffset()
     QGraphicsScene scene;
     FaderBlock* block = panelBlock(&scene, first);
     QCOMPARE(block->flashButton(11)->text(), QString::number(first + 12));
-    SceneView(&scene, QSize(600, 300)).click(block->flashButton(11)->sceneBoundingRect().center());
+    block->fader(1)->setValue(0.5f, false);
+    SceneView view(&scene, QSize(600, 300));
+    view.click(block->flashButton(11)->sceneBoundingRect().center());
+    // The zero key sends only the faders that move.
+    view.click(block->zeroButton()->sceneBoundingRect().center());
     QCOMPARE(allEventBytes(console.engine),
              (QList<QByteArray>{eventBytes(PanelEvent::PanelButton, lastKey, 0, 1),
-                                eventBytes(PanelEvent::PanelButton, lastKey, 0, 0)}));
-}
-
-void TestFaderBlock::zeroKeySendsOnlyFadersThatMove()
-{
-    PanelConsole console(ConsoleCache::ModelAlder);
-    QGraphicsScene scene;
-    auto* block = new FaderBlock(&scene, 12, 3, 96, 2, 13, 3, false);
-    block->fader(1)->setValue(0.5f, false);
-    SceneView(&scene, QSize(600, 300)).click(block->zeroButton()->sceneBoundingRect().center());
-    QCOMPARE(allEventBytes(console.engine),
-             QList<QByteArray>{eventBytes(PanelEvent::PanelFader, 13, 0, 0)});
+                                eventBytes(PanelEvent::PanelButton, lastKey, 0, 0),
+                                eventBytes(PanelEvent::PanelFader, first + 1, 0, 0)}));
     QCOMPARE(block->fader(1)->value(), 0.0f);
 }
 
@@ -202,45 +211,6 @@ void TestFaderBlock::playbackMarkerRepaints()
              playing ? QColor(252, 246, 105) : QColor(143, 120, 50));
 }
 
-struct StatusCase
-{
-    const char* name;
-    int mode;
-    bool blind;
-    int fader;
-    QColor colourA, colourB;
-};
-
-void TestFaderBlock::faderStatusColoursFollowTheMode_data()
-{
-    const QColor green(0, 255, 0);
-    const QColor red(255, 0, 0);
-    const StatusCase cases[] = {
-        {"channels", 0, false, 3, green, {}},
-        {"channels in blind", 0, true, 3, green, QColor(0, 0, 255)},
-        {"parameters, blind ignored", 4, true, 3, green, {}},
-        {"memories: sequence with steps", 5, false, 14, QColor(255, 255, 0), {}},
-        {"memories: empty sequence", 5, false, 16, red, {}},
-        {"memories: memory fader", 5, false, 3, red, {}},
-    };
-    addRows(cases);
-}
-
-void TestFaderBlock::faderStatusColoursFollowTheMode()
-{
-    QFETCH(StatusCase, c);
-    PanelConsole console(ConsoleCache::ModelAlder);
-    fillPageTwo(console);
-    QGraphicsScene scene;
-    FaderBlock* block = legendsBlock(&scene);
-    // Set up after construction: the console tells the block what changed.
-    setFaderMode(console.record(), c.mode);
-    console.record()->blindMode = c.blind ? 1 : 0;
-    console.notify(ConsoleCode::ConsoleStatusChanged);
-    QCOMPARE(block->fader(c.fader)->levelColourA(), c.colourA);
-    QCOMPARE(block->fader(c.fader)->levelColourB(), c.colourB);
-}
-
 void TestFaderBlock::faderLevelsFollowTheConsole()
 {
     PanelConsole console(ConsoleCache::ModelAlder);
@@ -256,30 +226,13 @@ void TestFaderBlock::faderLevelsFollowTheConsole()
     QCOMPARE(tracking->fader(2)->levelA(), 1.0f);
 
     setFaderMode(console.record(), 1); // bank 2: fader 2 is channel 26
+    console.record()->blindMode = 1;
+    console.notify(ConsoleCode::ConsoleStatusChanged);
+    QCOMPARE(bars(tracking->fader(2)), QStringLiteral("green+blue"));
     console.record()->blindLevels[26] = 102;
     console.notify(ConsoleCode::BlindLevelsChanged);
     QCOMPARE(tracking->fader(2)->levelB(), 0.4f);
     QCOMPARE(still->fader(2)->levelB(), 0.0f);
-}
-
-void TestFaderBlock::consoleChangesRefresh()
-{
-    PanelConsole console(ConsoleCache::ModelBirch);
-    console.nameEverything();
-    QGraphicsScene scene;
-    FaderBlock* block = panelBlock(&scene, 12);
-    QCOMPARE(block->legend(0, 0)->text(), QStringLiteral("Ch12"));
-    setFaderMode(console.record(), 2);
-    console.notify(ConsoleCode::ConsoleStatusChanged);
-    QCOMPARE(block->legend(0, 0)->text(), QStringLiteral("Ch60"));
-
-    ConsoleCache::writeText(console.record()->channelLegends[60], 0, QStringLiteral("Spot"));
-    console.notify(ConsoleCode::ChannelTextChanged, 60);
-    QCOMPARE(block->legend(0, 0)->text(), QStringLiteral("Spot"));
-
-    setFaderMode(console.record(), 3);
-    console.notify(ConsoleCode::ConsoleStatusChanged);
-    QCOMPARE(shown(block->legend(0, 0)), QStringLiteral(" hidden"));
 }
 
 int main(int argc, char** argv)

@@ -63,17 +63,14 @@ private:
 void TestPagesBlock::init()
 {
     console = std::make_unique<PanelConsole>(ConsoleCache::ModelAlder);
-    // Page 1: memory on fader 3, sequence (index 2) on fader 14 which also
-    // holds a memory, an empty sequence on fader 15.
+    // Page 1: memories on faders 3 and 14, the sequence of fader 14 (index
+    // 2) with steps, an empty sequence on fader 15.
+    console->nameEverything();
     for (int index : {3, 14}) {
         console->memory(1, index).recorded = 1;
-        ConsoleCache::writeText(console->memory(1, index).name, 0,
-                                QStringLiteral("Mem%1").arg(index));
         console->memory(1, index).time = 35;
     }
     console->sequence(1, 2).stepCount = 2;
-    ConsoleCache::writeText(console->sequence(1, 2).name, 0, QStringLiteral("Chase"));
-    ConsoleCache::writeText(console->record()->pageNames[1], 0, QStringLiteral("Intro"));
 }
 
 void TestPagesBlock::cleanup()
@@ -88,7 +85,7 @@ void TestPagesBlock::rowsAndLabels()
     QCOMPARE(block->count(), 48); // never past fader 48
     QCOMPARE(block->rows().size(), 1 + 1 + 12 + 1);
     QCOMPARE(block->cell(0, 12)->label(), QStringLiteral("01/13"));
-    QCOMPARE(block->masterRow(1)->nameItem(0)->text(), QStringLiteral("Intro"));
+    QCOMPARE(block->masterRow(1)->nameItem(1)->text(), QStringLiteral("Page1"));
     auto* sequences = new PagesBlock(&scene, nullptr, 12, 12, 3, false);
     QVERIFY(!sequences->cell(0, 11));
     QCOMPARE(sequences->rows().first()->cells().size(), 12);
@@ -98,30 +95,23 @@ void TestPagesBlock::lineCountAndTimeMode_data()
 {
     QTest::addColumn<int>("lines");
     QTest::addColumn<bool>("timeMode");
-    QTest::addColumn<QString>("memoryCell");   // fader 3: name lines, then the time
-    QTest::addColumn<QString>("sequenceCell"); // fader 14
-    QTest::newRow("two lines") << 2 << false << "Mem3||-|-"
-                               << "Chase||-|-";
-    QTest::newRow("no lines") << 0 << false << "-|-|-|-"
-                              << "-|-|-|-";
-    QTest::newRow("no lines, time") << 0 << true << "-|-|-|3.5"
-                                    << "-|-|-|-";
-    QTest::newRow("three lines, time") << 3 << true << "Mem3|||3.5"
-                                       << "Chase|||-";
+    QTest::addColumn<QString>("cells"); // faders 3 and 14: name lines, then the time
+    QTest::newRow("two lines") << 2 << false << "M1.3||-|- S1.2||-|-";
+    QTest::newRow("no lines") << 0 << false << "-|-|-|- -|-|-|-";
+    QTest::newRow("no lines, time") << 0 << true << "-|-|-|3.5 -|-|-|-";
+    QTest::newRow("three lines, time") << 3 << true << "M1.3|||3.5 S1.2|||-";
 }
 
 void TestPagesBlock::lineCountAndTimeMode()
 {
     QFETCH(int, lines);
     QFETCH(bool, timeMode);
-    QFETCH(QString, memoryCell);
-    QFETCH(QString, sequenceCell);
+    QFETCH(QString, cells);
     QGraphicsScene scene;
     auto* block = new PagesBlock(&scene, nullptr, 0, 24, 2, false);
     block->setLineCount(lines);
     block->setTimeMode(timeMode);
-    QCOMPARE(shownItems(block->cell(1, 3)), memoryCell);
-    QCOMPARE(shownItems(block->cell(1, 14)), sequenceCell);
+    QCOMPARE(shownItems(block->cell(1, 3)) + ' ' + shownItems(block->cell(1, 14)), cells);
     // The time sits under the name lines; rows grow with the lines and
     // follow each other without overlap.
     const int height = 30 + 12 * lines;
@@ -190,8 +180,8 @@ void TestPagesBlock::editsComeBackThroughTheConsole()
                                       {ConsoleCode::SequenceChanged, 1, 2},
                                       {ConsoleCode::PageChanged, 1}}));
     QCoreApplication::processEvents();
-    QCOMPARE(shownItems(memoryCell), QStringLiteral("Mem3|Blue||4.5"));
-    QCOMPARE(shownItems(sequenceCell), QStringLiteral("Chase|Loop||-"));
+    QCOMPARE(shownItems(memoryCell), QStringLiteral("M1.3|Blue||4.5"));
+    QCOMPARE(shownItems(sequenceCell), QStringLiteral("S1.2|Loop||-"));
     QCOMPARE(block->masterRow(1)->nameItem(1)->text(), QStringLiteral("Act 1"));
     QCOMPARE(shownItems(emptyCell), QStringLiteral("-|-|-|-"));
 }
