@@ -18,11 +18,8 @@ class TestSelectBlock : public QObject
 private slots:
     void legendsFollowTheSelectMode_data();
     void legendsFollowTheSelectMode();
-    void selectModeChangeRefreshes();
-    void gmRowByModel_data();
-    void gmRowByModel();
-    void pageNamesFollowTheCurrentPage_data();
-    void pageNamesFollowTheCurrentPage();
+    void keyRowsByModel_data();
+    void keyRowsByModel();
 };
 
 struct LegendCase
@@ -59,9 +56,10 @@ void TestSelectBlock::legendsFollowTheSelectMode()
     QFETCH(LegendCase, c);
     PanelConsole console{ConsoleCache::ConsoleType(c.model)};
     console.nameEverything();
-    console.record()->selectMode = quint32(c.mode);
     QGraphicsScene scene;
     auto* block = new SelectBlock(&scene, 40, 54, false);
+    console.record()->selectMode = quint32(c.mode); // the console switches from mode 0
+    console.notify(ConsoleCode::ConsoleStatusChanged);
     const QString text = QString::fromUtf8(c.text);
     QCOMPARE(block->legend(c.column, 0)->text(), text);
     QCOMPARE(block->legend(c.column, 0)->isEditable(), !text.isEmpty());
@@ -75,23 +73,7 @@ void TestSelectBlock::legendsFollowTheSelectMode()
     QCOMPARE(block->legend(c.column, 1)->text(), QStringLiteral("Wash"));
 }
 
-void TestSelectBlock::selectModeChangeRefreshes()
-{
-    PanelConsole console(ConsoleCache::ModelMaple);
-    console.nameEverything();
-    console.record()->selectMode = 2;
-    QGraphicsScene scene;
-    auto* block = new SelectBlock(&scene, 40, 54, false);
-    QCOMPARE(block->legend(4, 0)->text(), QStringLiteral("G4"));
-    console.record()->selectMode = 7;
-    console.notify(ConsoleCode::ConsoleStatusChanged);
-    QCOMPARE(block->legend(4, 0)->text(), QStringLiteral("E4"));
-    ConsoleCache::writeText(console.record()->effects[4].name, 0, QStringLiteral("Chase"));
-    console.notify(ConsoleCode::EffectsChanged, 4);
-    QCOMPARE(block->legend(4, 0)->text(), QStringLiteral("Chase"));
-}
-
-void TestSelectBlock::gmRowByModel_data()
+void TestSelectBlock::keyRowsByModel_data()
 {
     QTest::addColumn<int>("model");
     QTest::addColumn<QStringList>("keys"); // label, key code and top of each
@@ -109,7 +91,7 @@ void TestSelectBlock::gmRowByModel_data()
                            << QStringList{"IND 1 95 52", "IND 2 96 89"} + common.mid(0, 2) << 0;
 }
 
-void TestSelectBlock::gmRowByModel()
+void TestSelectBlock::keyRowsByModel()
 {
     QFETCH(int, model);
     QFETCH(QStringList, keys);
@@ -133,41 +115,23 @@ void TestSelectBlock::gmRowByModel()
             outside += qAlpha(image.pixel(x, y)) != 0 && !inside.contains(x, y);
     }
     QCOMPARE(outside, 0);
-}
 
-void TestSelectBlock::pageNamesFollowTheCurrentPage_data()
-{
-    QTest::addColumn<int>("model");
-    QTest::newRow("master column, three lines") << int(ConsoleCache::ModelBirch);
-    QTest::newRow("Maple mode row, the whole name") << int(ConsoleCache::ModelMaple);
-}
-
-void TestSelectBlock::pageNamesFollowTheCurrentPage()
-{
-    QFETCH(int, model);
-    PanelConsole console{ConsoleCache::ConsoleType(model)};
-    console.nameEverything();
-    console.record()->memoryPage = 3;
-    QGraphicsScene scene;
-    InPlaceEditableTextHandler* row = nullptr;
-    InPlaceEditableText* name = nullptr; // the one that shows line 1
+    // The current page's name follows the console, and edits go back to
+    // it: three lines in the column, the whole name in the Maple's mode row.
+    InPlaceEditableTextHandler* handler = row;
+    InPlaceEditableText* name = pageItems ? row->pageNameItems().at(1) : nullptr;
     int line = 1;
-    if (model == ConsoleCache::ModelMaple) {
+    if (!pageItems) {
         auto* modeRow = new MLButtonRow(&scene);
-        row = modeRow;
+        handler = modeRow;
         name = modeRow->pageNameItem();
         line = ConsoleCache::wholeBlock;
-    } else {
-        auto* column = new GMButtonRow(&scene);
-        row = column;
-        name = column->pageNameItems().at(1);
     }
-    QVERIFY(name->text().contains(QStringLiteral("Page3")));
+    console.nameEverything();
     console.record()->memoryPage = 5;
     console.notify(ConsoleCode::ConsoleStatusChanged);
-    QVERIFY(name->text().contains(QStringLiteral("Page5")));
-
-    row->textChanged(name, QStringLiteral("Finale"));
+    QVERIFY2(name->text().contains(QStringLiteral("Page5")), qPrintable(name->text()));
+    handler->textChanged(name, QStringLiteral("Finale"));
     QCOMPARE(console.console->cache()->pageName(5, line), QStringLiteral("Finale"));
     QCOMPARE(console.engine.updates(),
              (QList<FakeEngine::Call>{FakeEngine::Call{ConsoleCode::PageChanged, 5}}));
