@@ -14,7 +14,6 @@
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 
@@ -95,21 +94,19 @@ void TestFrontPanelLayout::lines_data()
     QTest::newRow("button column uses the row step")
         << "Button|505|174|1|3|9|36|63,66,65|Mems,25-48,1-24\n"
         << QStringList{"key 63 503,174 Mems", "key 66 503,210 25-48", "key 65 503,246 1-24"};
-    QTest::newRow("2 x 2 buttons build nothing") << "Button|10|10|2|2|40|40|1,2,3,4|a,b,c,d\r\n"
-                                                 << QStringList{};
-    QTest::newRow("three codes, two labels") << "Button|10|10|3|1|40|0|1,2,3|a,b\r\n"
-                                             << QStringList{};
-    QTest::newRow("codes not matching the grid") << "Button|10|10|3|1|40|0|1,2|a,b\r\n"
-                                                 << QStringList{};
-    QTest::newRow("one field too few") << "Wheel|10|10|1|1|0|0\r\n" << QStringList{};
+    QTest::newRow("malformed lines build nothing")
+        << "Button|10|10|2|2|40|40|1,2,3,4|a,b,c,d\r\n" // 2 x 2
+           "Button|10|10|3|1|40|0|1,2,3|a,b\r\n"        // three codes, two labels
+           "Button|10|10|3|1|40|0|1,2|a,b\r\n"          // codes not filling the grid
+           "Wheel|10|10|1|1|0|0\r\n"                    // one field too few
+           "Fader|558|209|1|2|0|40|50,51\r\n"           // faders in a column
+        << QStringList{};
     QTest::newRow("unknown keyword and empty lines")
         << "\r\nKnob|1|2\r\n\r\nWheel|616|101|1|1|0|0|0\r\n"
         << QStringList{"wheel 0 616,101"};
     QTest::newRow("faders: 5 left, travel by number")
         << "Fader|558|209|3|1|40|99|47,48,51\r\n"
         << QStringList{"fader 47 553,209 110", "fader 48 593,209 127", "fader 51 633,209 127"};
-    QTest::newRow("faders in a column build nothing") << "Fader|558|209|1|2|0|40|50,51\r\n"
-                                                      << QStringList{};
     QTest::newRow("display ids above 1 skipped") << "Display|565|32|2|1|282|0|0,5\r\n"
                                                  << QStringList{"display 0 565,32"};
     QTest::newRow("wheels") << "Wheel|751|101|2|1|137|0|1,2\r\n"

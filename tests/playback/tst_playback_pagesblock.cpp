@@ -7,8 +7,6 @@
 #include "PagesBlock.h"
 #include "PagesBlockHandler.h"
 
-#include <QTest>
-
 namespace {
 
 struct RecordingHandler : PagesBlockHandler
@@ -48,7 +46,6 @@ class TestPagesBlock : public QObject
 
 private slots:
     void init();
-    void cleanup();
     void rowsAndLabels();
     void lineCountAndTimeMode_data();
     void lineCountAndTimeMode();
@@ -62,6 +59,7 @@ private:
 
 void TestPagesBlock::init()
 {
+    console.reset(); // the old one unhooks itself from the link when it goes
     console = std::make_unique<PanelConsole>(ConsoleCache::ModelAlder);
     // Page 1: memories on faders 3 and 14, the sequence of fader 14 (index
     // 2) with steps, an empty sequence on fader 15.
@@ -71,11 +69,6 @@ void TestPagesBlock::init()
         console->memory(1, index).time = 35;
     }
     console->sequence(1, 2).stepCount = 2;
-}
-
-void TestPagesBlock::cleanup()
-{
-    console.reset();
 }
 
 void TestPagesBlock::rowsAndLabels()
@@ -151,10 +144,9 @@ void TestPagesBlock::msModeDecidesPaintAndOpen()
 
     SceneView view(&scene, QSize(1400, 900));
     const QPointF at = cell->mapToScene(QPointF(10, cell->boundingRect().height() - 3));
-    view.send(QEvent::MouseButtonPress, at, Qt::LeftButton);
-    view.send(QEvent::MouseButtonRelease, at, Qt::NoButton);
+    view.click(at);
     view.send(QEvent::MouseButtonDblClick, at, Qt::LeftButton);
-    view.send(QEvent::MouseButtonRelease, at, Qt::NoButton);
+    view.release(at);
     QCOMPARE(handler.opened, QStringList{opened});
 }
 

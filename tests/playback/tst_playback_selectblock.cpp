@@ -9,8 +9,6 @@
 #include "MLButtonRow.h"
 #include "SelectBlock.h"
 
-#include <QTest>
-
 class TestSelectBlock : public QObject
 {
     Q_OBJECT
@@ -37,12 +35,10 @@ void TestSelectBlock::legendsFollowTheSelectMode_data()
         {"channels, key 3", maple, 1, 2, "Ch50", {ConsoleCode::ChannelTextChanged, 50}},
         {"channels beyond the Alder's", ConsoleCache::ModelAlder, 1, 0, "", {}},
         {"groups, key 15", maple, 2, 14, "G14", {ConsoleCode::GroupChanged, 14}},
-        {"groups, other mode", maple, 3, 17, "G17", {}},
         {"focus palettes", maple, 4, 2, "F2", {}},
         {"colour palettes", maple, 5, 3, "K3", {ConsoleCode::PaletteChanged, 3}},
         {"beam palettes", maple, 6, 20, "B20", {}},
         {"effects", maple, 7, 20, "E20", {}},
-        {"second effect page, key 1", maple, 9, 0, "E24", {}},
         {"second effect page, key 5", maple, 10, 4, "E28", {ConsoleCode::EffectsChanged, 28}},
         {"second effect page, key 13 blank", maple, 9, 12, "", {}},
         {"mode 0", maple, 0, 3, "", {}},
