@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Shared by the front panel and playback block tests: a console on an
-// in-process engine that the panel items talk to, mouse input through a
-// real view, and items painted into images.
+// Shared by the panel and playback block tests: console, mouse, painting.
 
 #include "Console.h"
 #include "ConsoleLink.h"
@@ -56,9 +54,7 @@ struct PanelConsole
     {
         return record()->sequences[page * ConsoleStateRecord::sequenceFadersPerPage + fader];
     }
-    // Line 0 of every name: channels "Ch<n>", memories "M<page>.<n>",
-    // sequences "S<page>.<n>", groups "G<n>", palettes "F<n>", "K<n>", "B<n>"
-    // per parameter group, effects "E<n>"; line 1 of pages "Page<n>".
+    // Names "Ch<n>", "M<page>.<n>", "S<page>.<n>", "G<n>", "F|K|B<n>", "E<n>", "Page<n>" (line 1).
     void nameEverything()
     {
         ConsoleStateRecord* r = record();
@@ -107,8 +103,7 @@ inline QList<QByteArray> allEventBytes(const FakeEngine& engine)
     return bytes;
 }
 
-// What an item's own paint() draws into `area` (item coordinates) over
-// `fill`, with the painter's pen preset as a view's palette would.
+// What an item's paint() draws into `area` over `fill`, the pen preset as by a view.
 inline QImage paintedItem(QGraphicsItem* item, const QRect& area, QColor fill = Qt::transparent,
                           QColor pen = Qt::black)
 {

@@ -115,48 +115,49 @@ void TestFrontPanelControls::dragsSendEvents()
     QCOMPARE(qRound((angle - wheel->angle()) * 180.0f / 3.1415f), c.moves.last());
 }
 
+struct CellCase
+{
+    const char* name;
+    int code, cell, line;
+    int barHeight; // -1: a glyph
+};
+
 void TestFrontPanelControls::displayDrawsCellsInBlack_data()
 {
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("cell");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<int>("barHeight"); // -1: a glyph
-    QTest::newRow("0x83 is 4 high") << 0x83 << 0 << 0 << 4;
-    QTest::newRow("0x7F is empty") << 0x7F << 3 << 0 << 0;
-    QTest::newRow("0x86 is 7 high") << 0x86 << 19 << 1 << 7;
-    QTest::newRow("after NUL cells") << 0x80 << 19 << 0 << 1;
-    QTest::newRow("a letter") << int('M') << 5 << 1 << -1;
+    const CellCase cases[] = {{"0x83 is 4 high", 0x83, 0, 0, 4},
+                              {"0x7F is empty", 0x7F, 3, 0, 0},
+                              {"0x86 is 7 high", 0x86, 19, 1, 7},
+                              {"after NUL cells", 0x80, 19, 0, 1},
+                              {"a letter", 'M', 5, 1, -1}};
+    addRows(cases);
 }
 
 void TestFrontPanelControls::displayDrawsCellsInBlack()
 {
-    QFETCH(int, code);
-    QFETCH(int, cell);
-    QFETCH(int, line);
-    QFETCH(int, barHeight);
+    QFETCH(CellCase, c);
     FrontPanel::Display display(nullptr);
     QString text(FrontPanel::Display::charactersPerLine, QChar(0));
-    text[cell] = QChar(code);
-    display.setLine(line, text);
+    text[c.cell] = QChar(c.code);
+    display.setLine(c.line, text);
     // Over the LCD's light glass, with the light pen of a dark palette.
     const QImage image = paintedItem(&display, QRect(0, 0, 170, 30), Qt::white, Qt::white);
     // A bar stands on the baseline, 5 pixels wide from the cell's second.
-    const QRect bar(5 + cell * FrontPanel::Display::pitch, (line ? 29 : 15) - barHeight, 5,
-                    barHeight);
+    const int left = 4 + c.cell * FrontPanel::Display::pitch;
+    const QRect bar(left + 1, (c.line ? 29 : 15) - c.barHeight, 5, c.barHeight);
     int black = 0;
     int barBlack = 0;
     int dark = 0;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = left - 1; x <= left + FrontPanel::Display::pitch; ++x) {
             black += image.pixel(x, y) == qRgb(0, 0, 0);
             barBlack += image.pixel(x, y) == qRgb(0, 0, 0) && bar.contains(x, y);
             dark += qGray(image.pixel(x, y)) < 128;
         }
     }
-    if (barHeight < 0) {
+    if (c.barHeight < 0) {
         QVERIFY2(dark > 10, "the letter is drawn in dark ink");
     } else {
-        QCOMPARE(black, 5 * barHeight);
+        QCOMPARE(black, 5 * c.barHeight);
         QCOMPARE(barBlack, black);
     }
 }
@@ -165,10 +166,7 @@ void TestFrontPanelControls::displayReadsTheRecord()
 {
     PanelConsole console(ConsoleCache::ModelMaple);
     std::memcpy(console.record()->lcdDisplays[1][0], "Select channel\x83   ok", 20);
-    std::memcpy(console.record()->lcdDisplays[1][1],
-                "Fa\x03"
-                "ade \xf5\x10",
-                9);
+    std::memcpy(console.record()->lcdDisplays[1][1], "Fa\003ade \365\020", 9);
     FrontPanel panel;
     QVERIFY(panel.display(1));
     QCOMPARE(panel.display(1)->line(0), QString::fromLatin1("Select channel\x83   ok"));

@@ -125,7 +125,6 @@ void TestFaderBlock::legendsFollowTheFaderMode()
     // The console switches from bank 1 to the mode.
     setFaderMode(console.record(), c.mode);
     console.notify(ConsoleCode::ConsoleStatusChanged);
-    QCOMPARE(block->faderMode(), c.mode);
     QCOMPARE(bars(block->fader(c.fader)), QString::fromUtf8(c.bars));
     QCOMPARE(shown(block->legend(c.fader, 0)), QString::fromUtf8(c.legend));
     QCOMPARE(shown(block->valueItem(c.fader)), QString::fromUtf8(c.value));
@@ -157,7 +156,6 @@ void TestFaderBlock::keysSendPanelEvents()
     PanelConsole console(ConsoleCache::ModelCedar);
     QGraphicsScene scene;
     FaderBlock* block = panelBlock(&scene, first);
-    QCOMPARE(block->flashButton(11)->text(), QString::number(first + 12));
     block->fader(1)->setValue(0.5f, false);
     SceneView view(&scene, QSize(600, 300));
     view.click(block->flashButton(11)->sceneBoundingRect().center());
@@ -167,7 +165,6 @@ void TestFaderBlock::keysSendPanelEvents()
              (QList<QByteArray>{eventBytes(PanelEvent::PanelButton, lastKey, 0, 1),
                                 eventBytes(PanelEvent::PanelButton, lastKey, 0, 0),
                                 eventBytes(PanelEvent::PanelFader, first + 1, 0, 0)}));
-    QCOMPARE(block->fader(1)->value(), 0.0f);
 }
 
 void TestFaderBlock::playbackMarkerRepaints_data()

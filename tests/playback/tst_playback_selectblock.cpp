@@ -42,7 +42,6 @@ void TestSelectBlock::legendsFollowTheSelectMode_data()
         {"second effect page, key 5", maple, 10, 4, "E28", {ConsoleCode::EffectsChanged, 28}},
         {"second effect page, key 13 blank", maple, 9, 12, "", {}},
         {"mode 0", maple, 0, 3, "", {}},
-        {"unknown mode", maple, 11, 3, "", {}},
     };
     addRows(cases);
 }
