@@ -193,7 +193,9 @@ void PagesBlock::MasterCell::readMarks()
     ConsoleCache* cache = ConsoleLink::cache();
     if (!cache)
         return;
-    if (const SequenceRecord* sequence = cache->sequenceRecord(pageIndex, sequenceKey.fader)) {
+    const SequenceRecord* sequence =
+        holdsSequence() ? cache->sequenceRecord(pageIndex, sequenceKey.fader) : nullptr;
+    if (sequence) {
         if (sequence->marked != 0)
             sequenceMarks << QStringLiteral("O");
         if (sequence->rate != fullRate)
