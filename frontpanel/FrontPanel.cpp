@@ -119,6 +119,8 @@ void FrontPanel::Display::paint(QPainter* painter, const QStyleOptionGraphicsIte
 {
     static const QFont font = makeFont(QStringLiteral("Courier New"), 9);
     painter->setFont(font);
+    // The LCD's ink, whatever pen the view's palette hands the painter.
+    painter->setPen(Qt::black);
     const int pixels = font.pixelSize();
     paintLine(painter, lines[0], pixels + 3);
     paintLine(painter, lines[1], 2 * pixels + 5);

@@ -64,6 +64,8 @@ FaderBlock::FaderBlock(QGraphicsScene* scene, int first, int count, int faderLen
     zero = new Button(this, nullptr, this, Button::ButtonStyle::ConsoleIconStyle, false,
                       QStringLiteral(":/Lumidesk/Resources/FaderZeroButton.png"), zeroKeyColour);
     zero->setPos(columnX(count), buttonY);
+    for (int i = 0; i < count; ++i)
+        playing << isPlaying(i);
     readModeAndPage();
     refresh();
     connectConsole();
@@ -91,6 +93,8 @@ void FaderBlock::connectConsole()
             Qt::QueuedConnection);
     connect(console, &Console::consoleStatusUpdated, this,
             &FaderBlock::consoleCacheConsoleStatusUpdated, Qt::QueuedConnection);
+    connect(console, &Console::faderUpdated, this, &FaderBlock::consoleCacheFaderUpdated,
+            Qt::QueuedConnection);
 }
 
 QRectF FaderBlock::boundingRect() const
@@ -220,20 +224,31 @@ void FaderBlock::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidg
             painter->drawImage(QRectF(x + 7, -12, 12, 12),
                                ConsoleLink::image(Resources::Id::ClockLarge));
         if (sequence || memory)
-            faders[i]->paintPlaybackMarker(painter, QRectF(x + 2, 0, spacing + 36, 12));
+            faders[i]->paintPlaybackMarker(painter, markerRect(i));
     }
+}
+
+QRectF FaderBlock::markerRect(int i) const
+{
+    return QRectF(columnX(i) + 2, 0, spacing + 36, 12);
+}
+
+bool FaderBlock::isPlaying(int i) const
+{
+    const ConsoleCache* cache = ConsoleLink::cache();
+    const int fader = firstFader + i;
+    return cache && fader >= 0 && fader < ConsoleStateRecord::maxFaders &&
+           cache->record()->faders[fader].active;
 }
 
 void FaderBlock::buttonClicked(Button* button)
 {
     if (button != zero)
         return;
-    // Every fader sends its new level, also one that was already down, so
-    // that the console's faders all end at zero.
-    for (ConsoleFader* fader : std::as_const(faders)) {
-        fader->setValue(0.0f, false);
-        fader->faderValueChanged(fader);
-    }
+    // Like a hand sweeping the faders down: only the ones that move send a
+    // level, so a fader already at zero sends nothing.
+    for (ConsoleFader* fader : std::as_const(faders))
+        fader->setValue(0.0f, true);
 }
 
 void FaderBlock::textChanged(::InPlaceEditableText* item, const QString& text)
@@ -294,6 +309,18 @@ void FaderBlock::consoleCacheSequenceUpdated(Console::Sequence sequence)
     const int fader = cache->sequenceFader(sequence.fader);
     if (fader >= firstFader && fader < firstFader + faderTotal)
         refresh();
+}
+
+void FaderBlock::consoleCacheFaderUpdated()
+{
+    for (int i = 0; i < faderTotal; ++i) {
+        const bool now = isPlaying(i);
+        if (now == playing[i])
+            continue;
+        playing[i] = now;
+        if (mode == memoryMode)
+            update(markerRect(i));
+    }
 }
 
 void FaderBlock::consoleCacheConsoleStatusUpdated()

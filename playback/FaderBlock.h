@@ -72,9 +72,13 @@ public slots:
     void consoleCacheMemoryUpdated(Console::Memory memory);
     void consoleCacheSequenceUpdated(Console::Sequence sequence);
     void consoleCacheConsoleStatusUpdated();
+    // Repaints the markers of faders that started or stopped playing.
+    void consoleCacheFaderUpdated();
 
 private:
     qreal columnX(int i) const { return i * (38 + spacing); }
+    QRectF markerRect(int i) const;
+    bool isPlaying(int i) const;
     void refreshFader(int i);
     void showChannel(int i);
     void showPlayback(int i);
@@ -93,5 +97,7 @@ private:
     QList<ConsoleButton*> buttons;
     QList<InPlaceEditableText*> legends;
     QList<InPlaceEditableText*> values;
+    // Whether each fader was playing when its marker was last painted.
+    QList<bool> playing;
     Button* zero = nullptr;
 };

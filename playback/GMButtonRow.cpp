@@ -20,6 +20,7 @@ constexpr int pageLabelY = 430;
 constexpr int grandMasterY = 225;
 constexpr int bumpY = 307;
 constexpr int valueHeight = 20;
+constexpr int mapleHeight = 360;
 constexpr QColor grandMasterColour(56, 114, 248);
 constexpr QColor bumpColour(107, 107, 107);
 constexpr QColor separatorColour(255, 255, 255, 48);
@@ -78,15 +79,18 @@ QString GMButtonRow::levelText(int level)
 QRectF GMButtonRow::boundingRect() const
 {
     // The page label sits below the keys' column; it is repainted with it.
-    return maple ? QRectF(0, 0, columnWidth, 360)
+    return maple ? QRectF(0, 0, columnWidth, mapleHeight)
                  : QRectF(0, 0, columnWidth, pageNameTop + 3 * lineHeight);
 }
 
 void GMButtonRow::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
     painter->setPen(QPen(separatorColour, 2));
-    for (const int y : {200, 282, 364})
-        painter->drawLine(5, y, columnWidth - 5, y);
+    // The Maple has no keys under SOLO, so no separator below it either.
+    for (const int y : {200, 282, 364}) {
+        if (!maple || y < mapleHeight)
+            painter->drawLine(5, y, columnWidth - 5, y);
+    }
 
     const ConsoleCache* cache = ConsoleLink::cache();
     const int grandMaster = cache ? cache->record()->grandMasterLevel : 0;

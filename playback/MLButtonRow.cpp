@@ -60,6 +60,9 @@ MLButtonRow::MLButtonRow(QGraphicsScene* scene)
     }
     pageName = new InPlaceEditableText(this, this, pageNameRect, 18, 8, Qt::white,
                                        Qt::AlignLeft | Qt::AlignVCenter);
+    addCaption(tr("SELECT MODE"), 80, 408);
+    addCaption(tr("FADER MODE"), 595, 923);
+    addCaption(tr("MEMS MODE"), 1085, 1169);
     if (const ConsoleCache* cache = ConsoleLink::cache())
         page = cache->record()->memoryPage;
     reloadPageName();
@@ -83,30 +86,36 @@ QRectF MLButtonRow::boundingRect() const
     return QRectF(0, 0, 1180, 60);
 }
 
-void MLButtonRow::paintCaption(QPainter* painter, const QString& text, int x1, int x2) const
+const QFont& MLButtonRow::captionFont()
 {
-    const int textWidth = painter->fontMetrics().horizontalAdvance(text) + 8;
+    static const QFont font = makeFont(family, 9);
+    return font;
+}
+
+void MLButtonRow::addCaption(const QString& text, int x1, int x2)
+{
+    const int textWidth = QFontMetrics(captionFont()).horizontalAdvance(text) + 8;
     const QRectF box((x1 + x2 - textWidth) / 2.0, captionY - 20, textWidth, 40);
-    painter->drawLine(QPointF(x1, captionY), QPointF(box.left(), captionY));
-    painter->drawLine(QPointF(box.right(), captionY), QPointF(x2, captionY));
-    painter->drawText(box, Qt::AlignCenter, text);
+    captions << Caption{text, box, qreal(x1), qreal(x2)};
 }
 
 void MLButtonRow::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
-    static const QFont captionFont = makeFont(family, 9);
-    painter->setFont(captionFont);
+    painter->setFont(captionFont());
     painter->setPen(QPen(captionColour, 2));
-    paintCaption(painter, tr("SELECT MODE"), 80, 408);
-    paintCaption(painter, tr("FADER MODE"), 595, 923);
-    paintCaption(painter, tr("MEMS MODE"), 1085, 1169);
+    for (const Caption& caption : std::as_const(captions)) {
+        painter->drawLine(QPointF(caption.x1, captionY), QPointF(caption.box.left(), captionY));
+        painter->drawLine(QPointF(caption.box.right(), captionY), QPointF(caption.x2, captionY));
+        painter->drawText(caption.box, Qt::AlignCenter, caption.text);
+    }
     painter->setPen(Qt::white);
     painter->drawText(QRectF(pageNameRect.left(), captionY - 6, pageNameRect.width(), 14),
-                      Qt::AlignCenter, tr("PAGE") + QLatin1Char(' ') + QString::number(page + 1));
+                      Qt::AlignCenter, pageLabel);
 }
 
 void MLButtonRow::reloadPageName()
 {
+    pageLabel = tr("PAGE") + QLatin1Char(' ') + QString::number(page + 1);
     const ConsoleCache* cache = ConsoleLink::cache();
     const bool valid = cache && isPage(page);
     pageName->setText(valid ? cache->pageName(page, ConsoleCache::wholeBlock) : QString());

@@ -40,10 +40,21 @@ protected:
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
 
 private:
+    // A group caption: a line from x1 to x2 broken for its centred text.
+    struct Caption
+    {
+        QString text;
+        QRectF box;
+        qreal x1;
+        qreal x2;
+    };
+    static const QFont& captionFont();
     void reloadPageName();
-    void paintCaption(QPainter* painter, const QString& text, int x1, int x2) const;
+    void addCaption(const QString& text, int x1, int x2);
 
     int page = 0;
+    QList<Caption> captions;
+    QString pageLabel;
     QList<ConsoleButton*> buttons;
     InPlaceEditableText* pageName = nullptr;
 };

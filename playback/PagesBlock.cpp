@@ -31,6 +31,19 @@ constexpr QColor memoryTextDim(143, 50, 50);
 constexpr QColor flagFill(53, 131, 28);
 constexpr int memoryMode = 5;
 
+// Built once: every cell of the grid repaints with the faders.
+const QFont& labelFont()
+{
+    static const QFont font = makeFont(family, 8);
+    return font;
+}
+
+const QFont& markFont()
+{
+    static const QFont font = makeFont(family, 6);
+    return font;
+}
+
 // A small boxed mark such as "R" or "fx".
 void paintMark(QPainter* painter, const QRectF& box, const QString& mark, const QColor& fill,
                const QColor& ink)
@@ -173,10 +186,38 @@ void PagesBlock::MasterCell::hideAll()
     }
 }
 
+void PagesBlock::MasterCell::readMarks()
+{
+    sequenceMarks.clear();
+    memoryFlags.clear();
+    ConsoleCache* cache = ConsoleLink::cache();
+    if (!cache)
+        return;
+    const SequenceRecord* sequence =
+        holdsSequence() ? cache->sequenceRecord(pageIndex, sequenceKey.fader) : nullptr;
+    if (sequence) {
+        if (sequence->marked != 0)
+            sequenceMarks << QStringLiteral("O");
+        if (sequence->rate != fullRate)
+            sequenceMarks << QStringLiteral("R");
+        if (sequence->fade != fullRate)
+            sequenceMarks << QStringLiteral("F");
+    }
+    const int mask = cache->memoryContentMask(pageIndex, faderIndex);
+    const char* names[] = {"I", "F", "C", "B"};
+    for (int bit = 0; bit < 4; ++bit) {
+        if (mask & (1 << bit))
+            memoryFlags << QLatin1String(names[bit]);
+    }
+    if (cache->memoryHasEffect(pageIndex, faderIndex))
+        memoryFlags << QStringLiteral("fx");
+}
+
 void PagesBlock::MasterCell::refresh()
 {
     const ConsoleCache* cache = ConsoleLink::cache();
     hideAll();
+    readMarks();
     const int shown = block->lineCount();
     if (holdsSequence()) {
         for (int line = 0; line < shown; ++line) {
@@ -223,25 +264,14 @@ void PagesBlock::MasterCell::paintSequence(QPainter* painter, const QRectF& fram
     QColor fill = sequenceFill;
     fill.setAlpha(active ? 255 : 100);
     painter->fillRect(frame, fill);
-    painter->setFont(makeFont(family, 8));
+    painter->setFont(labelFont());
     const QColor ink = active ? sequenceText : sequenceTextDim;
     painter->setPen(ink);
     painter->drawText(QRectF(frame.x(), frame.y(), frame.width(), 14), Qt::AlignCenter, text);
 
-    const SequenceRecord* sequence =
-        ConsoleLink::cache()->sequenceRecord(pageIndex, sequenceKey.fader);
-    if (!sequence)
-        return;
-    QStringList marks;
-    if (sequence->marked != 0)
-        marks << QStringLiteral("O");
-    if (sequence->rate != fullRate)
-        marks << QStringLiteral("R");
-    if (sequence->fade != fullRate)
-        marks << QStringLiteral("F");
-    painter->setFont(makeFont(family, 6));
+    painter->setFont(markFont());
     qreal x = frame.right() - 9;
-    for (const QString& mark : std::as_const(marks)) {
+    for (const QString& mark : std::as_const(sequenceMarks)) {
         paintMark(painter, QRectF(x, frame.y() + 2, 8, 8), mark, QColor(), ink);
         x -= 9;
     }
@@ -249,29 +279,19 @@ void PagesBlock::MasterCell::paintSequence(QPainter* painter, const QRectF& fram
 
 void PagesBlock::MasterCell::paintMemory(QPainter* painter, const QRectF& frame)
 {
-    const ConsoleCache* cache = ConsoleLink::cache();
     const bool active = isActive();
     QColor fill = memoryFill;
     fill.setAlpha(active ? 255 : 100);
     painter->fillRect(frame, fill);
-    painter->setFont(makeFont(family, 8));
+    painter->setFont(labelFont());
     painter->setPen(active ? memoryText : memoryTextDim);
     painter->drawText(QRectF(frame.x(), frame.y(), frame.width(), 14), Qt::AlignCenter, text);
     if (block->timeMode())
         return;
-    QStringList flags;
-    const int mask = cache->memoryContentMask(pageIndex, faderIndex);
-    const char* names[] = {"I", "F", "C", "B"};
-    for (int bit = 0; bit < 4; ++bit) {
-        if (mask & (1 << bit))
-            flags << QLatin1String(names[bit]);
-    }
-    if (cache->memoryHasEffect(pageIndex, faderIndex))
-        flags << QStringLiteral("fx");
-    painter->setFont(makeFont(family, 6));
+    painter->setFont(markFont());
     const qreal bottom = frame.bottom() - 9;
     qreal x = frame.x() + 2;
-    for (const QString& flag : std::as_const(flags)) {
+    for (const QString& flag : std::as_const(memoryFlags)) {
         const qreal width = flag.size() > 1 ? 11 : 8;
         paintMark(painter, QRectF(x, bottom, width, 8), flag, flagFill, Qt::white);
         x += width + 1;

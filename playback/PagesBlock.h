@@ -101,6 +101,7 @@ public:
         void paintSequence(QPainter* painter, const QRectF& frame);
         void paintMemory(QPainter* painter, const QRectF& frame);
         void hideAll();
+        void readMarks();
 
         PagesBlock* block;
         int pageIndex;
@@ -108,6 +109,10 @@ public:
         Console::Sequence sequenceKey;
         QString text;
         std::array<InPlaceEditableText*, 4> items{};
+        // The boxed marks of the sequence's settings and of the memory's
+        // contents, read with the texts rather than on every paint.
+        QStringList sequenceMarks;
+        QStringList memoryFlags;
     };
 
     PagesBlock(QGraphicsScene* scene, PagesBlockHandler* handler, int first, int count, int mode,

@@ -27,6 +27,15 @@ bool modifierHeld(const QGraphicsSceneMouseEvent* event)
     return event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
 }
 
+// A caption wider than the key face is drawn smaller rather than cut off.
+void shrinkToFit(QFont& font, const QStringList& lines, int width)
+{
+    for (const QString& line : lines) {
+        while (font.pixelSize() > 1 && QFontMetrics(font).horizontalAdvance(line) > width)
+            font.setPixelSize(font.pixelSize() - 1);
+    }
+}
+
 bool readsAsInteger(const QString& text)
 {
     bool ok = false;
@@ -65,6 +74,7 @@ Button::Button(QGraphicsItem* parent, QGraphicsScene* scene, ButtonHandler* hand
         const int space = text.indexOf(QLatin1Char(' '));
         labelLines =
             space < 0 ? QStringList{text} : QStringList{text.left(space), text.mid(space + 1)};
+        shrinkToFit(labelFont, labelLines, consoleLabelRect.width());
         setLedColour(Qt::black);
     }
 }
