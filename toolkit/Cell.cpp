@@ -64,32 +64,32 @@ namespace {
 // Antialiased rounded frames cost tens of microseconds each; a grid shows a
 // handful of distinct ones, so each is drawn once into a pixmap. Looked up by
 // value: building a text key on every paint cost more than the lookup saves.
-struct FrameSpec
+struct FrameLook
 {
     QSizeF size;
     QRgb brush;
     QRgb pen;
 
-    bool operator==(const FrameSpec& other) const
+    bool operator==(const FrameLook& other) const
     {
         return size == other.size && brush == other.brush && pen == other.pen;
     }
 };
 
-std::vector<std::pair<FrameSpec, QPixmapCache::Key>>& frameKeys()
+std::vector<std::pair<FrameLook, QPixmapCache::Key>>& frameKeys()
 {
-    static std::vector<std::pair<FrameSpec, QPixmapCache::Key>> keys;
+    static std::vector<std::pair<FrameLook, QPixmapCache::Key>> keys;
     return keys;
 }
 
-QPixmapCache::Key& frameKey(const FrameSpec& spec)
+QPixmapCache::Key& frameKey(const FrameLook& look)
 {
     auto& keys = frameKeys();
     for (auto& [known, key] : keys) {
-        if (known == spec)
+        if (known == look)
             return key;
     }
-    keys.emplace_back(spec, QPixmapCache::Key());
+    keys.emplace_back(look, QPixmapCache::Key());
     return keys.back().second;
 }
 
