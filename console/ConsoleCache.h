@@ -110,9 +110,6 @@ public:
     // Rebuilds the address map with the channel flags, and/or the MIDI
     // circuit flags, and publishes the result.
     void rebuildDerivedCaches(bool addresses, bool midiCircuits);
-    void rebuildAddressMap() { rebuildDerivedCaches(true, false); }
-    void rebuildChannelFlags() { rebuildDerivedCaches(true, false); }
-    void rebuildMidiCircuitFlags() { rebuildDerivedCaches(false, true); }
 
     // Texts the engine keeps in its area after the record.
     QString showFileName() const;

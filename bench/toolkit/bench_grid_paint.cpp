@@ -100,7 +100,7 @@ struct Fixture
         }
         for (int address = 0; address < 96; address += 2)
             record->dmxPatch[address] = quint8(address + 1);
-        console->cache()->rebuildChannelFlags();
+        console->cache()->rebuildDerivedCaches(true, false);
     }
     ~Fixture() { delete console; }
 };
