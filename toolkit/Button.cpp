@@ -8,6 +8,7 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QImage>
 #include <QPainter>
+#include <QPixmapCache>
 #include <qdrawutil.h>
 
 Button* Button::latched = nullptr;
@@ -34,6 +35,21 @@ void shrinkToFit(QFont& font, const QStringList& lines, int width)
         while (font.pixelSize() > 1 && QFontMetrics(font).horizontalAdvance(line) > width)
             font.setPixelSize(font.pixelSize() - 1);
     }
+}
+
+bool isWholePixelTranslation(const QTransform& transform)
+{
+    return transform.type() <= QTransform::TxTranslate && transform.dx() == int(transform.dx()) &&
+           transform.dy() == int(transform.dy());
+}
+
+// Drawing a prepared image gives the same pixels as drawing directly only
+// at whole pixels, fully opaque and composed over what is there.
+bool drawsPixelForPixel(const QPainter* painter)
+{
+    return painter->opacity() == 1.0 &&
+           painter->compositionMode() == QPainter::CompositionMode_SourceOver &&
+           isWholePixelTranslation(painter->deviceTransform());
 }
 
 bool readsAsInteger(const QString& text)
@@ -170,15 +186,84 @@ void Button::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 
 void Button::paintConsoleText(QPainter* painter) const
 {
+    if (!drawsPixelForPixel(painter)) {
+        drawConsoleFace(painter);
+        drawConsoleCaption(painter);
+        return;
+    }
+    const KeyImage& key = consoleKeyImage(painter->renderHints());
+    painter->drawPixmap(0, 0, key.fill);
+    painter->drawPixmap(0, 0, key.image);
+}
+
+// The LED under the face, shared by all text keys of one LED colour.
+QPixmap Button::ledFill() const
+{
+    const QString key =
+        QStringLiteral("Lumidesk.Button.led.%1").arg(led.rgba(), 8, 16, QLatin1Char('0'));
+    QPixmap fill;
+    if (QPixmapCache::find(key, &fill))
+        return fill;
+    fill = QPixmap(consoleWidth, consoleHeight);
+    fill.fill(Qt::transparent);
+    QPainter fillPainter(&fill);
+    drawLed(&fillPainter);
+    fillPainter.end();
+    QPixmapCache::insert(key, fill);
+    return fill;
+}
+
+// The face and the caption over the LED fill. Where the fill is partly
+// covered (the round corners), the image holds the face alone: composing
+// there before drawing would round differently from drawing directly.
+const Button::KeyImage& Button::consoleKeyImage(QPainter::RenderHints hints) const
+{
+    const KeyLook look{led.rgba(), pressedLook(), hints};
+    for (int i = 0; i < 2; ++i) {
+        if (keyImages[0].look == look && !keyImages[0].image.isNull())
+            return keyImages[0];
+        std::swap(keyImages[0], keyImages[1]);
+    }
+    const QPixmap fillPixmap = ledFill();
+    const QImage fill = fillPixmap.toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage image = fill;
+    QPainter imagePainter(&image);
+    imagePainter.setRenderHints(hints);
+    imagePainter.drawPixmap(0, 0, face());
+    drawConsoleCaption(&imagePainter);
+    imagePainter.end();
+    const QImage plainFace = face().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* fillLine = reinterpret_cast<const QRgb*>(fill.constScanLine(y));
+        const auto* faceLine = reinterpret_cast<const QRgb*>(plainFace.constScanLine(y));
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(fillLine[x]) > 0 && qAlpha(fillLine[x]) < 255)
+                line[x] = faceLine[x];
+        }
+    }
+    keyImages[0] = {look, fillPixmap, QPixmap::fromImage(image)};
+    return keyImages[0];
+}
+
+void Button::drawLed(QPainter* painter) const
+{
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     painter->setBrush(led);
     painter->drawRoundedRect(consoleLabelRect, 6, 7, Qt::RelativeSize);
     painter->restore();
+}
 
-    painter->drawPixmap(0, 0, pressedLook() ? backgroundDown : background);
+void Button::drawConsoleFace(QPainter* painter) const
+{
+    drawLed(painter);
+    painter->drawPixmap(0, 0, face());
+}
 
+void Button::drawConsoleCaption(QPainter* painter) const
+{
     const QRect area = pressedLook() ? consoleLabelRect.translated(1, 1) : consoleLabelRect;
     painter->setPen(Qt::black);
     painter->setFont(labelFont);
@@ -196,7 +281,7 @@ void Button::paintConsoleText(QPainter* painter) const
 void Button::paintTitleBar(QPainter* painter) const
 {
     qDrawBorderPixmap(painter, QRect(0, 0, icon.width(), titleBarHeight), backgroundMargins,
-                      pressedLook() ? backgroundDown : background);
+                      face());
     painter->drawPixmap(pressedLook() ? QPoint(1, 1) : QPoint(0, 0), icon);
 }
 
@@ -209,8 +294,7 @@ void Button::paintConsoleIcon(QPainter* painter) const
     painter->drawRoundedRect(QRect(2, 1, icon.width() - 4, 24), 6, 7, Qt::RelativeSize);
     painter->restore();
 
-    qDrawBorderPixmap(painter, QRect(0, 0, icon.width(), consoleHeight), backgroundMargins,
-                      pressedLook() ? backgroundDown : background);
+    qDrawBorderPixmap(painter, QRect(0, 0, icon.width(), consoleHeight), backgroundMargins, face());
     painter->drawPixmap(pressedLook() ? QPoint(1, 1) : QPoint(0, 0), icon);
 }
 

@@ -4,9 +4,12 @@
 #include <QColor>
 #include <QFont>
 #include <QGraphicsItem>
+#include <QPainter>
 #include <QPixmap>
 #include <QString>
 #include <QStringList>
+
+#include <array>
 
 class ButtonHandler;
 
@@ -70,6 +73,13 @@ private:
     void click();
     bool pressedLook() const { return down && !outside; }
     void paintConsoleText(QPainter* painter) const;
+    void drawConsoleFace(QPainter* painter) const;
+    void drawConsoleCaption(QPainter* painter) const;
+    void drawLed(QPainter* painter) const;
+    const QPixmap& face() const { return pressedLook() ? backgroundDown : background; }
+    QPixmap ledFill() const;
+    struct KeyImage;
+    const KeyImage& consoleKeyImage(QPainter::RenderHints hints) const;
     void paintTitleBar(QPainter* painter) const;
     void paintConsoleIcon(QPainter* painter) const;
     static QPixmap keyedIcon(const QString& path, const QColor& keyColour);
@@ -91,6 +101,28 @@ private:
     QPixmap background;
     QPixmap backgroundDown;
     QPixmap icon;
+
+    // What a text key looks like, drawn once per look: the LED colour, the
+    // pressed state and the painter's hints. Two are kept so a blinking key
+    // finds both of its looks.
+    struct KeyLook
+    {
+        QRgb led = 0;
+        bool pressed = false;
+        QPainter::RenderHints hints;
+        bool operator==(const KeyLook& other) const
+        {
+            return led == other.led && pressed == other.pressed && hints == other.hints;
+        }
+    };
+    // The LED fill, and the face and caption to draw over it.
+    struct KeyImage
+    {
+        KeyLook look;
+        QPixmap fill;
+        QPixmap image;
+    };
+    mutable std::array<KeyImage, 2> keyImages;
 
     static Button* latched;
 };

@@ -63,6 +63,10 @@ struct Panel
         console.reset(engine.createConsole());
         ConsoleLink::setConsole(console.get());
         panel = std::make_unique<FrontPanel>();
+        // Laid out and painted as on screen: QGraphicsView::render() would
+        // scale the panel and offset it by half a pixel.
+        panel->setAttribute(Qt::WA_DontShowOnScreen);
+        panel->show();
     }
     ~Panel()
     {
@@ -72,7 +76,7 @@ struct Panel
     void paintFrame(QImage& frame)
     {
         QPainter painter(&frame);
-        panel->render(&painter);
+        panel->viewport()->render(&painter);
     }
 
     FakeEngine engine;

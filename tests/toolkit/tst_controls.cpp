@@ -47,6 +47,8 @@ private slots:
     void init();
     void ledColour_data();
     void ledColour();
+    void keyRepaintsEachLook_data();
+    void keyRepaintsEachLook();
     void buttonImages();
     void momentaryClick_data();
     void momentaryClick();
@@ -108,6 +110,33 @@ void TestControls::ledColour()
     const QColor face = renderItem(*button).pixelColor(8, 20);
     QCOMPARE(face.red() > unlit.pixelColor(8, 20).red(), shown.red() > 65);
     QCOMPARE(face.green() > unlit.pixelColor(8, 20).green(), shown.green() > 65);
+}
+
+void TestControls::keyRepaintsEachLook_data()
+{
+    // LED colours in turn, and which of them are shown pressed (bit per step).
+    addColumns<QList<QColor>, int>({"leds", "pressed"});
+    QTest::newRow("lights up") << QList<QColor>{Qt::black, Qt::red} << 0;
+    QTest::newRow("pressed, then released") << QList<QColor>{Qt::red, Qt::red, Qt::red} << 0b010;
+    QTest::newRow("blinks back and forth")
+        << QList<QColor>{Qt::black, Qt::red, Qt::black, Qt::red} << 0;
+    QTest::newRow("a third colour") << QList<QColor>{Qt::black, Qt::red, Qt::blue, Qt::black} << 0;
+}
+
+void TestControls::keyRepaintsEachLook()
+{
+    auto [leds, pressed] = fetch<QList<QColor>, int>({"leds", "pressed"});
+    const QColor panel(40, 40, 40);
+    Button* changing = key(QStringLiteral("Rec All"));
+    for (int step = 0; step < leds.size(); ++step) {
+        const bool down = pressed & (1 << step);
+        changing->setLedColour(leds[step]);
+        changing->setDown(down);
+        Button* fresh = key(QStringLiteral("Rec All"), QPointF(40, 0));
+        fresh->setLedColour(leds[step]);
+        fresh->setDown(down);
+        QCOMPARE(renderItem(*changing, panel), renderItem(*fresh, panel));
+    }
 }
 
 void TestControls::buttonImages()
