@@ -3,6 +3,7 @@
 
 #include "ButtonHandler.h"
 #include "MakeFont.h"
+#include "WholePixel.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
@@ -35,12 +36,6 @@ void shrinkToFit(QFont& font, const QStringList& lines, int width)
         while (font.pixelSize() > 1 && QFontMetrics(font).horizontalAdvance(line) > width)
             font.setPixelSize(font.pixelSize() - 1);
     }
-}
-
-bool isWholePixelTranslation(const QTransform& transform)
-{
-    return transform.type() <= QTransform::TxTranslate && transform.dx() == int(transform.dx()) &&
-           transform.dy() == int(transform.dy());
 }
 
 // Drawing a prepared image gives the same pixels as drawing directly only

@@ -3,6 +3,7 @@
 
 #include "CellRow.h"
 #include "CellRowTable.h"
+#include "WholePixel.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneEvent>
@@ -91,12 +92,6 @@ QPixmapCache::Key& frameKey(const FrameLook& look)
     }
     keys.emplace_back(look, QPixmapCache::Key());
     return keys.back().second;
-}
-
-bool isWholePixelTranslation(const QTransform& transform)
-{
-    return transform.type() <= QTransform::TxTranslate && transform.dx() == int(transform.dx()) &&
-           transform.dy() == int(transform.dy());
 }
 
 } // namespace

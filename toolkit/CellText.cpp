@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "CellText.h"
 
+#include "WholePixel.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
@@ -10,12 +12,6 @@ namespace {
 
 // Room around the advance for glyphs that overhang it.
 constexpr int margin = 2;
-
-bool isWholePixelTranslation(const QTransform& transform)
-{
-    return transform.type() <= QTransform::TxTranslate && transform.dx() == int(transform.dx()) &&
-           transform.dy() == int(transform.dy());
-}
 
 } // namespace
 
