@@ -28,9 +28,6 @@ public:
 
     // The one application object, or null outside its lifetime.
     static Lumidesk* instance() { return s_instance; }
-    // The loaded console of the running application, or null (no
-    // application, or no console yet).
-    static Console* currentConsole() { return s_instance ? s_instance->m_console : nullptr; }
 
     Console* console() const override { return m_console; }
     // Hands over a console loaded elsewhere, for tests that build one on an

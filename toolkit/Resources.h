@@ -7,7 +7,7 @@
 #include <vector>
 
 // The shared image set, loaded once at start from the compiled-in resource
-// folder and reached through Lumidesk::instance()->resources().
+// folder by the application and reached through ConsoleLink::resources().
 class Resources
 {
 public:
