@@ -4,15 +4,16 @@
 #include "ConsoleStateRecord.h"
 #include "ModelProfile.h"
 #include "PersonalityLibrary.h"
+#include "SimulationRules.h"
 #include "TextCell.h"
 
 namespace {
-constexpr quint32 stepChannel = 0;
-constexpr quint32 stepMemory = 1;
-constexpr quint32 stepDirectCue = 2;
+using SimulationRules::pan;
+using SimulationRules::stepChannel;
+using SimulationRules::stepDirectCue;
+using SimulationRules::stepMemory;
+using SimulationRules::tilt;
 constexpr quint8 levelsMask = 0x01;
-constexpr int pan = 1;
-constexpr int tilt = 2;
 constexpr int red = 0;
 constexpr int green = 3;
 constexpr int blue = 4;

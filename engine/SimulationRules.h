@@ -10,6 +10,7 @@ constexpr quint16 fullRate = 256;
 constexpr quint32 stepChannel = 0;
 constexpr quint32 stepMemory = 1;
 constexpr quint32 stepDirectCue = 2;
+constexpr quint32 stepEmpty = 3;
 constexpr quint32 modeLoop = 0;
 constexpr quint32 modeManual = 2;
 constexpr int pan = 1;

@@ -2,14 +2,13 @@
 #include "StepList.h"
 
 #include "ConsoleStateRecord.h"
+#include "SimulationRules.h"
 
 #include <algorithm>
 #include <cstring>
 #include <iterator>
 
 namespace {
-constexpr quint32 emptyContent = 3;
-constexpr quint32 directCue = 2;
 
 template <typename Apply> void forEachCueArray(ConsoleStateRecord& record, Apply apply)
 {
@@ -54,7 +53,7 @@ bool StepList::insert(int index, quint16 cueNumber, const ConsoleStateRecord& de
     StepRecord& step = steps_[index];
     std::memset(static_cast<void*>(&step), 0, sizeof step);
     step.cueNumber = cueNumber;
-    step.contentType = emptyContent;
+    step.contentType = SimulationRules::stepEmpty;
     step.upTime = defaults.defaultUpFade;
     step.downTime = defaults.defaultDownFade;
     step.waitTime = defaults.defaultWait;
@@ -124,7 +123,7 @@ void StepList::clearCue(int index)
 void StepList::renumberDirectCues()
 {
     for (int i = 0; i < count(); ++i) {
-        if (steps_[i].contentType == directCue)
+        if (steps_[i].contentType == SimulationRules::stepDirectCue)
             steps_[i].contentIndex = quint16(i);
     }
 }
