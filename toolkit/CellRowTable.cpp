@@ -9,19 +9,8 @@
 
 #include <algorithm>
 
-namespace {
-
-// Null outside the application's lifetime (tools and some tests); items
-// that draw images then draw none.
-const Resources* sharedResources()
-{
-    return ConsoleLink::resources();
-}
-
-} // namespace
-
 CellRowTable::CellRowTable(QGraphicsScene* scene, bool hideHeaderSeparator)
-    : m_resources(sharedResources()), m_hideHeaderSeparator(hideHeaderSeparator)
+    : m_resources(ConsoleLink::resources()), m_hideHeaderSeparator(hideHeaderSeparator)
 {
     if (scene)
         scene->addItem(this);

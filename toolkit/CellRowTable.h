@@ -51,6 +51,7 @@ protected:
 private:
     qreal rowTopBelow(const CellRow* upper, const CellRow* lower) const;
 
+    // Null outside the application (tools, some tests): images are then not drawn.
     const Resources* m_resources;
     int m_topOffset = 0;
     int m_columnWidth = 49;
