@@ -1,10 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TabRegistry.h"
 
+#include "MainFrame.h"
+#include "SystemView.h"
+
 const TabRegistry& TabRegistry::standard()
 {
     // Each editor view adds its factory to this table as it is written.
-    static const TabRegistry views;
+    static const TabRegistry views = [] {
+        TabRegistry table;
+        table.setFactory(MainFrame::SystemTab, [](MainFrame* window, TitleBar* bar, bool wide) {
+            return new SystemView(window, bar, wide);
+        });
+        return table;
+    }();
     return views;
 }
 
