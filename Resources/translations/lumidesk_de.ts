@@ -226,4 +226,267 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
         <translation>SEITE</translation>
     </message>
 </context>
+<context>
+    <name>SystemView</name>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>Memories</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Sequences</source>
+        <translation>Sequenzen</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>Palettes</source>
+        <translation>Paletten</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alles</translation>
+    </message>
+    <message>
+        <source>Erase</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Crossfader</source>
+        <translation>Crossfader</translation>
+    </message>
+    <message>
+        <source>Upwards only</source>
+        <translation>Nur aufwärts</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>Beide Richtungen</translation>
+    </message>
+    <message>
+        <source>DMX Output</source>
+        <translation>DMX-Ausgang</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximal</translation>
+    </message>
+    <message>
+        <source>Fast</source>
+        <translation>Schnell</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Slow</source>
+        <translation>Langsam</translation>
+    </message>
+    <message>
+        <source>DMX Input</source>
+        <translation>DMX-Eingang</translation>
+    </message>
+    <message>
+        <source>Merge with output</source>
+        <translation>Mit Ausgang mischen</translation>
+    </message>
+    <message>
+        <source>On fader 01/01</source>
+        <translation>Auf Fader 01/01</translation>
+    </message>
+    <message>
+        <source>DMX Backup</source>
+        <translation>DMX-Backup</translation>
+    </message>
+    <message>
+        <source>Bump = Flash</source>
+        <translation>Bump = Flash</translation>
+    </message>
+    <message>
+        <source>Bump = Enable</source>
+        <translation>Bump = Freigabe</translation>
+    </message>
+    <message>
+        <source>MIDI</source>
+        <translation>MIDI</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>MIDI-Kanal</translation>
+    </message>
+    <message>
+        <source>MIDI (music) on</source>
+        <translation>MIDI (Musik) an</translation>
+    </message>
+    <message>
+        <source>MIDI MSC i.d.</source>
+        <translation>MIDI-MSC-ID</translation>
+    </message>
+    <message>
+        <source>MIDI MSC on</source>
+        <translation>MIDI MSC an</translation>
+    </message>
+    <message>
+        <source>Default times</source>
+        <translation>Standardzeiten</translation>
+    </message>
+    <message>
+        <source>Up fade</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message>
+        <source>Down fade</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Warten</translation>
+    </message>
+    <message>
+        <source>Move Dark</source>
+        <translation>Move Dark</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>User mode</source>
+        <translation>Benutzermodus</translation>
+    </message>
+    <message>
+        <source>Full control</source>
+        <translation>Volle Kontrolle</translation>
+    </message>
+    <message>
+        <source>Control &amp; Playback</source>
+        <translation>Kontrolle &amp; Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Playback only</source>
+        <translation>Nur Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Lumidesk version</source>
+        <translation>Lumidesk-Version</translation>
+    </message>
+    <message>
+        <source>DLL version</source>
+        <translation>DLL-Version</translation>
+    </message>
+    <message>
+        <source>Library version</source>
+        <translation>Bibliotheksversion</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Pan / Tilt modify</source>
+        <translation>Pan / Tilt ändern</translation>
+    </message>
+    <message>
+        <source>Device#</source>
+        <translation>Gerät#</translation>
+    </message>
+    <message>
+        <source>Invert Pan</source>
+        <translation>Pan umkehren</translation>
+    </message>
+    <message>
+        <source>Invert Tilt</source>
+        <translation>Tilt umkehren</translation>
+    </message>
+    <message>
+        <source>Swap P/T</source>
+        <translation>P/T tauschen</translation>
+    </message>
+    <message>
+        <source>Open showfile</source>
+        <translation>Showdatei öffnen</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Showdateien (*.asc)</translation>
+    </message>
+    <message>
+        <source>This show file originates from another type of console and cannot be read!</source>
+        <translation>Diese Showdatei stammt von einem anderen Konsolentyp und kann nicht gelesen werden!</translation>
+    </message>
+    <message>
+        <source>There was an error reading the show file!</source>
+        <translation>Beim Lesen der Showdatei ist ein Fehler aufgetreten!</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Showdatei speichern</translation>
+    </message>
+    <message>
+        <source>New show</source>
+        <translation>Neue Show</translation>
+    </message>
+    <message>
+        <source>This will erase all data, OK to proceed?</source>
+        <translation>Dadurch werden alle Daten gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Erase memories</source>
+        <translation>Speicher löschen</translation>
+    </message>
+    <message>
+        <source>This will erase all memories, OK to proceed?</source>
+        <translation>Dadurch werden alle Speicher gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Erase sequences</source>
+        <translation>Sequenzen löschen</translation>
+    </message>
+    <message>
+        <source>This will erase all sequences, OK to proceed?</source>
+        <translation>Dadurch werden alle Sequenzen gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Erase stack</source>
+        <translation>Stack löschen</translation>
+    </message>
+    <message>
+        <source>This will erase all data in the stack, OK to proceed?</source>
+        <translation>Dadurch werden alle Daten im Stack gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Erase palettes</source>
+        <translation>Paletten löschen</translation>
+    </message>
+    <message>
+        <source>This will erase all palettes, OK to proceed?</source>
+        <translation>Dadurch werden alle Paletten gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Erase all</source>
+        <translation>Alles löschen</translation>
+    </message>
+</context>
 </TS>

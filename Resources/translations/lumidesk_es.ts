@@ -226,4 +226,267 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
         <translation>PÁGINA</translation>
     </message>
 </context>
+<context>
+    <name>SystemView</name>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nuevo</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Guardar</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Guardar como</translation>
+    </message>
+    <message>
+        <source>Memories</source>
+        <translation>Memorias</translation>
+    </message>
+    <message>
+        <source>Sequences</source>
+        <translation>Secuencias</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Pila</translation>
+    </message>
+    <message>
+        <source>Palettes</source>
+        <translation>Paletas</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Todo</translation>
+    </message>
+    <message>
+        <source>Erase</source>
+        <translation>Borrar</translation>
+    </message>
+    <message>
+        <source>Crossfader</source>
+        <translation>Crossfader</translation>
+    </message>
+    <message>
+        <source>Upwards only</source>
+        <translation>Solo hacia arriba</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>En ambos sentidos</translation>
+    </message>
+    <message>
+        <source>DMX Output</source>
+        <translation>Salida DMX</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Máxima</translation>
+    </message>
+    <message>
+        <source>Fast</source>
+        <translation>Rápida</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Media</translation>
+    </message>
+    <message>
+        <source>Slow</source>
+        <translation>Lenta</translation>
+    </message>
+    <message>
+        <source>DMX Input</source>
+        <translation>Entrada DMX</translation>
+    </message>
+    <message>
+        <source>Merge with output</source>
+        <translation>Mezclar con la salida</translation>
+    </message>
+    <message>
+        <source>On fader 01/01</source>
+        <translation>En el fader 01/01</translation>
+    </message>
+    <message>
+        <source>DMX Backup</source>
+        <translation>Respaldo DMX</translation>
+    </message>
+    <message>
+        <source>Bump = Flash</source>
+        <translation>Bump = Flash</translation>
+    </message>
+    <message>
+        <source>Bump = Enable</source>
+        <translation>Bump = Activar</translation>
+    </message>
+    <message>
+        <source>MIDI</source>
+        <translation>MIDI</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>Canal MIDI</translation>
+    </message>
+    <message>
+        <source>MIDI (music) on</source>
+        <translation>MIDI (música) activo</translation>
+    </message>
+    <message>
+        <source>MIDI MSC i.d.</source>
+        <translation>ID MIDI MSC</translation>
+    </message>
+    <message>
+        <source>MIDI MSC on</source>
+        <translation>MIDI MSC activo</translation>
+    </message>
+    <message>
+        <source>Default times</source>
+        <translation>Tiempos por defecto</translation>
+    </message>
+    <message>
+        <source>Up fade</source>
+        <translation>Fundido de subida</translation>
+    </message>
+    <message>
+        <source>Down fade</source>
+        <translation>Fundido de bajada</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Espera</translation>
+    </message>
+    <message>
+        <source>Move Dark</source>
+        <translation>Move Dark</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Paleta</translation>
+    </message>
+    <message>
+        <source>User mode</source>
+        <translation>Modo de usuario</translation>
+    </message>
+    <message>
+        <source>Full control</source>
+        <translation>Control total</translation>
+    </message>
+    <message>
+        <source>Control &amp; Playback</source>
+        <translation>Control y reproducción</translation>
+    </message>
+    <message>
+        <source>Playback only</source>
+        <translation>Solo reproducción</translation>
+    </message>
+    <message>
+        <source>Lumidesk version</source>
+        <translation>Versión de Lumidesk</translation>
+    </message>
+    <message>
+        <source>DLL version</source>
+        <translation>Versión de DLL</translation>
+    </message>
+    <message>
+        <source>Library version</source>
+        <translation>Versión de biblioteca</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>Sistema</translation>
+    </message>
+    <message>
+        <source>Pan / Tilt modify</source>
+        <translation>Modificar pan / tilt</translation>
+    </message>
+    <message>
+        <source>Device#</source>
+        <translation>Equipo#</translation>
+    </message>
+    <message>
+        <source>Invert Pan</source>
+        <translation>Invertir pan</translation>
+    </message>
+    <message>
+        <source>Invert Tilt</source>
+        <translation>Invertir tilt</translation>
+    </message>
+    <message>
+        <source>Swap P/T</source>
+        <translation>Cambiar P/T</translation>
+    </message>
+    <message>
+        <source>Open showfile</source>
+        <translation>Abrir archivo de espectáculo</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Archivos de espectáculo (*.asc)</translation>
+    </message>
+    <message>
+        <source>This show file originates from another type of console and cannot be read!</source>
+        <translation>¡Este archivo de espectáculo procede de otro tipo de consola y no se puede leer!</translation>
+    </message>
+    <message>
+        <source>There was an error reading the show file!</source>
+        <translation>¡Se produjo un error al leer el archivo de espectáculo!</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Guardar archivo de espectáculo</translation>
+    </message>
+    <message>
+        <source>New show</source>
+        <translation>Nuevo espectáculo</translation>
+    </message>
+    <message>
+        <source>This will erase all data, OK to proceed?</source>
+        <translation>Se borrarán todos los datos. ¿Continuar?</translation>
+    </message>
+    <message>
+        <source>Erase memories</source>
+        <translation>Borrar memorias</translation>
+    </message>
+    <message>
+        <source>This will erase all memories, OK to proceed?</source>
+        <translation>Se borrarán todas las memorias. ¿Continuar?</translation>
+    </message>
+    <message>
+        <source>Erase sequences</source>
+        <translation>Borrar secuencias</translation>
+    </message>
+    <message>
+        <source>This will erase all sequences, OK to proceed?</source>
+        <translation>Se borrarán todas las secuencias. ¿Continuar?</translation>
+    </message>
+    <message>
+        <source>Erase stack</source>
+        <translation>Borrar pila</translation>
+    </message>
+    <message>
+        <source>This will erase all data in the stack, OK to proceed?</source>
+        <translation>Se borrarán todos los datos de la pila. ¿Continuar?</translation>
+    </message>
+    <message>
+        <source>Erase palettes</source>
+        <translation>Borrar paletas</translation>
+    </message>
+    <message>
+        <source>This will erase all palettes, OK to proceed?</source>
+        <translation>Se borrarán todas las paletas. ¿Continuar?</translation>
+    </message>
+    <message>
+        <source>Erase all</source>
+        <translation>Borrar todo</translation>
+    </message>
+</context>
 </TS>

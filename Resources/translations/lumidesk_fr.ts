@@ -226,4 +226,267 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
         <translation>PAGE</translation>
     </message>
 </context>
+<context>
+    <name>SystemView</name>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nouveau</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Enregistrer sous</translation>
+    </message>
+    <message>
+        <source>Memories</source>
+        <translation>Mémoires</translation>
+    </message>
+    <message>
+        <source>Sequences</source>
+        <translation>Séquences</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Pile</translation>
+    </message>
+    <message>
+        <source>Palettes</source>
+        <translation>Palettes</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Tout</translation>
+    </message>
+    <message>
+        <source>Erase</source>
+        <translation>Effacer</translation>
+    </message>
+    <message>
+        <source>Crossfader</source>
+        <translation>Crossfader</translation>
+    </message>
+    <message>
+        <source>Upwards only</source>
+        <translation>Vers le haut seulement</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>Dans les deux sens</translation>
+    </message>
+    <message>
+        <source>DMX Output</source>
+        <translation>Sortie DMX</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximale</translation>
+    </message>
+    <message>
+        <source>Fast</source>
+        <translation>Rapide</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Moyenne</translation>
+    </message>
+    <message>
+        <source>Slow</source>
+        <translation>Lente</translation>
+    </message>
+    <message>
+        <source>DMX Input</source>
+        <translation>Entrée DMX</translation>
+    </message>
+    <message>
+        <source>Merge with output</source>
+        <translation>Fusionner avec la sortie</translation>
+    </message>
+    <message>
+        <source>On fader 01/01</source>
+        <translation>Sur le fader 01/01</translation>
+    </message>
+    <message>
+        <source>DMX Backup</source>
+        <translation>Secours DMX</translation>
+    </message>
+    <message>
+        <source>Bump = Flash</source>
+        <translation>Bump = Flash</translation>
+    </message>
+    <message>
+        <source>Bump = Enable</source>
+        <translation>Bump = Activer</translation>
+    </message>
+    <message>
+        <source>MIDI</source>
+        <translation>MIDI</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>Canal MIDI</translation>
+    </message>
+    <message>
+        <source>MIDI (music) on</source>
+        <translation>MIDI (musique) actif</translation>
+    </message>
+    <message>
+        <source>MIDI MSC i.d.</source>
+        <translation>ID MIDI MSC</translation>
+    </message>
+    <message>
+        <source>MIDI MSC on</source>
+        <translation>MIDI MSC actif</translation>
+    </message>
+    <message>
+        <source>Default times</source>
+        <translation>Temps par défaut</translation>
+    </message>
+    <message>
+        <source>Up fade</source>
+        <translation>Montée</translation>
+    </message>
+    <message>
+        <source>Down fade</source>
+        <translation>Descente</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Attente</translation>
+    </message>
+    <message>
+        <source>Move Dark</source>
+        <translation>Move Dark</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>User mode</source>
+        <translation>Mode utilisateur</translation>
+    </message>
+    <message>
+        <source>Full control</source>
+        <translation>Contrôle complet</translation>
+    </message>
+    <message>
+        <source>Control &amp; Playback</source>
+        <translation>Contrôle et restitution</translation>
+    </message>
+    <message>
+        <source>Playback only</source>
+        <translation>Restitution seulement</translation>
+    </message>
+    <message>
+        <source>Lumidesk version</source>
+        <translation>Version Lumidesk</translation>
+    </message>
+    <message>
+        <source>DLL version</source>
+        <translation>Version DLL</translation>
+    </message>
+    <message>
+        <source>Library version</source>
+        <translation>Version bibliothèque</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>Système</translation>
+    </message>
+    <message>
+        <source>Pan / Tilt modify</source>
+        <translation>Modifier pan / tilt</translation>
+    </message>
+    <message>
+        <source>Device#</source>
+        <translation>Appareil#</translation>
+    </message>
+    <message>
+        <source>Invert Pan</source>
+        <translation>Inverser pan</translation>
+    </message>
+    <message>
+        <source>Invert Tilt</source>
+        <translation>Inverser tilt</translation>
+    </message>
+    <message>
+        <source>Swap P/T</source>
+        <translation>Échanger P/T</translation>
+    </message>
+    <message>
+        <source>Open showfile</source>
+        <translation>Ouvrir le fichier de spectacle</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Fichiers de spectacle (*.asc)</translation>
+    </message>
+    <message>
+        <source>This show file originates from another type of console and cannot be read!</source>
+        <translation>Ce fichier de spectacle provient d'un autre type de console et ne peut pas être lu !</translation>
+    </message>
+    <message>
+        <source>There was an error reading the show file!</source>
+        <translation>Une erreur s'est produite à la lecture du fichier de spectacle !</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Enregistrer le fichier de spectacle</translation>
+    </message>
+    <message>
+        <source>New show</source>
+        <translation>Nouveau spectacle</translation>
+    </message>
+    <message>
+        <source>This will erase all data, OK to proceed?</source>
+        <translation>Toutes les données seront effacées. Continuer ?</translation>
+    </message>
+    <message>
+        <source>Erase memories</source>
+        <translation>Effacer les mémoires</translation>
+    </message>
+    <message>
+        <source>This will erase all memories, OK to proceed?</source>
+        <translation>Toutes les mémoires seront effacées. Continuer ?</translation>
+    </message>
+    <message>
+        <source>Erase sequences</source>
+        <translation>Effacer les séquences</translation>
+    </message>
+    <message>
+        <source>This will erase all sequences, OK to proceed?</source>
+        <translation>Toutes les séquences seront effacées. Continuer ?</translation>
+    </message>
+    <message>
+        <source>Erase stack</source>
+        <translation>Effacer la pile</translation>
+    </message>
+    <message>
+        <source>This will erase all data in the stack, OK to proceed?</source>
+        <translation>Toutes les données de la pile seront effacées. Continuer ?</translation>
+    </message>
+    <message>
+        <source>Erase palettes</source>
+        <translation>Effacer les palettes</translation>
+    </message>
+    <message>
+        <source>This will erase all palettes, OK to proceed?</source>
+        <translation>Toutes les palettes seront effacées. Continuer ?</translation>
+    </message>
+    <message>
+        <source>Erase all</source>
+        <translation>Tout effacer</translation>
+    </message>
+</context>
 </TS>

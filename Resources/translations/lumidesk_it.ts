@@ -226,4 +226,267 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
         <translation>PAGINA</translation>
     </message>
 </context>
+<context>
+    <name>SystemView</name>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nuovo</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Apri</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Salva</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Salva con nome</translation>
+    </message>
+    <message>
+        <source>Memories</source>
+        <translation>Memorie</translation>
+    </message>
+    <message>
+        <source>Sequences</source>
+        <translation>Sequenze</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Pila</translation>
+    </message>
+    <message>
+        <source>Palettes</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Tutto</translation>
+    </message>
+    <message>
+        <source>Erase</source>
+        <translation>Cancella</translation>
+    </message>
+    <message>
+        <source>Crossfader</source>
+        <translation>Crossfader</translation>
+    </message>
+    <message>
+        <source>Upwards only</source>
+        <translation>Solo verso l'alto</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>In entrambi i sensi</translation>
+    </message>
+    <message>
+        <source>DMX Output</source>
+        <translation>Uscita DMX</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Massima</translation>
+    </message>
+    <message>
+        <source>Fast</source>
+        <translation>Veloce</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Media</translation>
+    </message>
+    <message>
+        <source>Slow</source>
+        <translation>Lenta</translation>
+    </message>
+    <message>
+        <source>DMX Input</source>
+        <translation>Ingresso DMX</translation>
+    </message>
+    <message>
+        <source>Merge with output</source>
+        <translation>Unisci all'uscita</translation>
+    </message>
+    <message>
+        <source>On fader 01/01</source>
+        <translation>Sul fader 01/01</translation>
+    </message>
+    <message>
+        <source>DMX Backup</source>
+        <translation>Backup DMX</translation>
+    </message>
+    <message>
+        <source>Bump = Flash</source>
+        <translation>Bump = Flash</translation>
+    </message>
+    <message>
+        <source>Bump = Enable</source>
+        <translation>Bump = Abilita</translation>
+    </message>
+    <message>
+        <source>MIDI</source>
+        <translation>MIDI</translation>
+    </message>
+    <message>
+        <source>MIDI channel</source>
+        <translation>Canale MIDI</translation>
+    </message>
+    <message>
+        <source>MIDI (music) on</source>
+        <translation>MIDI (musica) attivo</translation>
+    </message>
+    <message>
+        <source>MIDI MSC i.d.</source>
+        <translation>ID MIDI MSC</translation>
+    </message>
+    <message>
+        <source>MIDI MSC on</source>
+        <translation>MIDI MSC attivo</translation>
+    </message>
+    <message>
+        <source>Default times</source>
+        <translation>Tempi predefiniti</translation>
+    </message>
+    <message>
+        <source>Up fade</source>
+        <translation>Salita</translation>
+    </message>
+    <message>
+        <source>Down fade</source>
+        <translation>Discesa</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Attesa</translation>
+    </message>
+    <message>
+        <source>Move Dark</source>
+        <translation>Move Dark</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>User mode</source>
+        <translation>Modalità utente</translation>
+    </message>
+    <message>
+        <source>Full control</source>
+        <translation>Controllo completo</translation>
+    </message>
+    <message>
+        <source>Control &amp; Playback</source>
+        <translation>Controllo e riproduzione</translation>
+    </message>
+    <message>
+        <source>Playback only</source>
+        <translation>Solo riproduzione</translation>
+    </message>
+    <message>
+        <source>Lumidesk version</source>
+        <translation>Versione Lumidesk</translation>
+    </message>
+    <message>
+        <source>DLL version</source>
+        <translation>Versione DLL</translation>
+    </message>
+    <message>
+        <source>Library version</source>
+        <translation>Versione libreria</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>Sistema</translation>
+    </message>
+    <message>
+        <source>Pan / Tilt modify</source>
+        <translation>Modifica pan / tilt</translation>
+    </message>
+    <message>
+        <source>Device#</source>
+        <translation>Apparecchio#</translation>
+    </message>
+    <message>
+        <source>Invert Pan</source>
+        <translation>Inverti pan</translation>
+    </message>
+    <message>
+        <source>Invert Tilt</source>
+        <translation>Inverti tilt</translation>
+    </message>
+    <message>
+        <source>Swap P/T</source>
+        <translation>Scambia P/T</translation>
+    </message>
+    <message>
+        <source>Open showfile</source>
+        <translation>Apri file dello spettacolo</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>File dello spettacolo (*.asc)</translation>
+    </message>
+    <message>
+        <source>This show file originates from another type of console and cannot be read!</source>
+        <translation>Questo file dello spettacolo proviene da un altro tipo di console e non può essere letto!</translation>
+    </message>
+    <message>
+        <source>There was an error reading the show file!</source>
+        <translation>Si è verificato un errore durante la lettura del file dello spettacolo!</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Salva file dello spettacolo</translation>
+    </message>
+    <message>
+        <source>New show</source>
+        <translation>Nuovo spettacolo</translation>
+    </message>
+    <message>
+        <source>This will erase all data, OK to proceed?</source>
+        <translation>Verranno cancellati tutti i dati. Procedere?</translation>
+    </message>
+    <message>
+        <source>Erase memories</source>
+        <translation>Cancella memorie</translation>
+    </message>
+    <message>
+        <source>This will erase all memories, OK to proceed?</source>
+        <translation>Verranno cancellate tutte le memorie. Procedere?</translation>
+    </message>
+    <message>
+        <source>Erase sequences</source>
+        <translation>Cancella sequenze</translation>
+    </message>
+    <message>
+        <source>This will erase all sequences, OK to proceed?</source>
+        <translation>Verranno cancellate tutte le sequenze. Procedere?</translation>
+    </message>
+    <message>
+        <source>Erase stack</source>
+        <translation>Cancella pila</translation>
+    </message>
+    <message>
+        <source>This will erase all data in the stack, OK to proceed?</source>
+        <translation>Verranno cancellati tutti i dati della pila. Procedere?</translation>
+    </message>
+    <message>
+        <source>Erase palettes</source>
+        <translation>Cancella palette</translation>
+    </message>
+    <message>
+        <source>This will erase all palettes, OK to proceed?</source>
+        <translation>Verranno cancellate tutte le palette. Procedere?</translation>
+    </message>
+    <message>
+        <source>Erase all</source>
+        <translation>Cancella tutto</translation>
+    </message>
+</context>
 </TS>
