@@ -42,6 +42,8 @@ const QRectF hoverRect = itemRect.adjusted(2, 1, -2, -1);
 const QRectF markRect(10, 5, 10, 10);
 const QRectF labelRect(26, 0, SystemView::menuWidth - 30, SystemView::itemHeight);
 const QRectF valueRect(110, 0, 62, SystemView::itemHeight);
+const QRectF typedLabelRect(markRect.left(), 0, valueRect.left() - markRect.left(),
+                            SystemView::itemHeight);
 const QRectF versionRect(6, 0, SystemView::menuWidth - 8, SystemView::itemHeight);
 
 QFont itemFont()
@@ -517,7 +519,7 @@ void SystemView::ValueItem::paint(QPainter* painter, const QStyleOptionGraphicsI
     if (!typed)
         paintMark(painter);
     painter->setPen(textColour);
-    painter->drawText(typed ? versionRect : labelRect, Qt::AlignLeft | Qt::AlignVCenter, m_text);
+    painter->drawText(typed ? typedLabelRect : labelRect, Qt::AlignLeft | Qt::AlignVCenter, m_text);
     if (typed && !m_editing)
         painter->drawText(valueRect, Qt::AlignRight | Qt::AlignVCenter, valueText());
 }
