@@ -9,16 +9,15 @@
 #include "MakeFont.h"
 #include "TitleBar.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontMetricsF>
-#include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPainterPath>
-#include <QScrollBar>
 
 namespace {
 
@@ -30,6 +29,13 @@ constexpr qreal itemFontPoints = 11;
 constexpr int editorMaxLength = 6;
 constexpr int mscIdMax = 127;
 constexpr int midiChannels = 16;
+
+// Erase requests, sub-codes of the system message. 15 (the patch) has no menu line.
+constexpr int eraseMemories = 11;
+constexpr int eraseSequences = 12;
+constexpr int eraseStack = 13;
+constexpr int erasePalettes = 14;
+constexpr int eraseEverything = 16;
 
 const QColor textColour(255, 255, 255);
 const QColor hoverColour(255, 255, 255, 96);
@@ -322,6 +328,12 @@ void SystemView::saveShowAs()
     if (QFileInfo(name).suffix().isEmpty())
         name += QStringLiteral(".asc");
     console->engine()->saveShowAs(name);
+    // The engine takes the new name only once the file is written; otherwise
+    // the show is still unsaved and the user must know.
+    if (console->cache()->showFileName() != name)
+        QMessageBox::critical(
+            this, tr("Save showfile"),
+            tr("The show could not be saved to %1!").arg(QDir::toNativeSeparators(name)));
 }
 
 void SystemView::runCommand(int id)
@@ -347,21 +359,24 @@ void SystemView::runCommand(int id)
         saveShowAs();
         break;
     case EraseMemories:
-        askThenErase(11, tr("Erase memories"), tr("This will erase all memories, OK to proceed?"));
+        askThenErase(eraseMemories, tr("Erase memories"),
+                     tr("This will erase all memories, OK to proceed?"));
         break;
     case EraseSequences:
-        askThenErase(12, tr("Erase sequences"),
+        askThenErase(eraseSequences, tr("Erase sequences"),
                      tr("This will erase all sequences, OK to proceed?"));
         break;
     case EraseStack:
-        askThenErase(13, tr("Erase stack"),
+        askThenErase(eraseStack, tr("Erase stack"),
                      tr("This will erase all data in the stack, OK to proceed?"));
         break;
     case ErasePalettes:
-        askThenErase(14, tr("Erase palettes"), tr("This will erase all palettes, OK to proceed?"));
+        askThenErase(erasePalettes, tr("Erase palettes"),
+                     tr("This will erase all palettes, OK to proceed?"));
         break;
     case EraseAll:
-        askThenErase(16, tr("Erase all"), tr("This will erase all data, OK to proceed?"));
+        askThenErase(eraseEverything, tr("Erase all"),
+                     tr("This will erase all data, OK to proceed?"));
         break;
     default:
         break;

@@ -488,5 +488,9 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
         <source>Erase all</source>
         <translation>Alles löschen</translation>
     </message>
+    <message>
+        <source>The show could not be saved to %1!</source>
+        <translation>Die Show konnte nicht unter %1 gespeichert werden!</translation>
+    </message>
 </context>
 </TS>

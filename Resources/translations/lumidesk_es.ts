@@ -488,5 +488,9 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
         <source>Erase all</source>
         <translation>Borrar todo</translation>
     </message>
+    <message>
+        <source>The show could not be saved to %1!</source>
+        <translation>¡No se pudo guardar el espectáculo en %1!</translation>
+    </message>
 </context>
 </TS>

@@ -488,5 +488,9 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
         <source>Erase all</source>
         <translation>Tout effacer</translation>
     </message>
+    <message>
+        <source>The show could not be saved to %1!</source>
+        <translation>Le spectacle n'a pas pu être enregistré dans %1 !</translation>
+    </message>
 </context>
 </TS>

@@ -488,5 +488,9 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
         <source>Erase all</source>
         <translation>Cancella tutto</translation>
     </message>
+    <message>
+        <source>The show could not be saved to %1!</source>
+        <translation>Non è stato possibile salvare lo spettacolo in %1!</translation>
+    </message>
 </context>
 </TS>

@@ -28,7 +28,7 @@ public:
     void newShow() override { log << "new"; }
     int openShow(QString name) override { return log << "open " + name, openResult; }
     void saveShow() override { log << "save"; }
-    void saveShowAs(QString name) override { log << "saveAs " + name; }
+    void saveShowAs(QString name) override { log << "saveAs " + name, setShowFileName(name); }
     void update(int code, int a, int, int) override { log << QString::asprintf("%d/%d", code, a); }
     QStringList log;
     int openResult = 0;
@@ -260,6 +260,7 @@ void TestSystemView::roundTripThroughTheEngine()
 {
     SKIP_FILE_DIALOGS();
     show(Model::ModelUnknown);
+    const auto ok = ModalAnswerer::press(QMessageBox::Ok);
     const R* r = session->record();
     const int tilt = r->invertTilt[3];
     press("Crossfader:", 1);
@@ -272,7 +273,7 @@ void TestSystemView::roundTripThroughTheEngine()
     QVERIFY(session->step());
     QCOMPARE(session->showFileName(), file);
 
-    run(SystemView::NewShow, {ModalAnswerer::press(QMessageBox::Ok)});
+    run(SystemView::NewShow, {ok});
     press("Crossfader:", 0);
     QVERIFY(session->step());
     QVERIFY(session->showBytes() != saved);
@@ -293,7 +294,9 @@ void TestSystemView::roundTripThroughTheEngine()
     QVERIFY(replaced != first);
     QCOMPARE(replaced.size(), first.size());
     QVERIFY(writeAll(folder.filePath("not-a-folder"), "x")); // unwritable, even for root
-    run(SystemView::SaveShowAs, {ModalAnswerer::chooseFile(folder.filePath("not-a-folder/b"))});
+    const QString lost = folder.filePath("not-a-folder/b");
+    QCOMPARE(run(SystemView::SaveShowAs, {ModalAnswerer::chooseFile(lost), ok}).value(1),
+             "Save showfile: The show could not be saved to " + lost + ".asc!");
     QVERIFY(session->step());
     QVERIFY(readAll(file) == replaced);
     QCOMPARE(session->showFileName(), file);
@@ -311,8 +314,7 @@ void TestSystemView::roundTripThroughTheEngine()
     for (const auto& [bytes, box] : refused) {
         QVERIFY(writeAll(bad, bytes));
         const QByteArray before = session->showBytes();
-        const Answers answers = {ModalAnswerer::chooseFile(bad),
-                                 ModalAnswerer::press(QMessageBox::Ok)};
+        const Answers answers = {ModalAnswerer::chooseFile(bad), ok};
         QCOMPARE(run(SystemView::OpenShow, answers).value(1), "Open showfile: " + box);
         QVERIFY(session->step());
         QVERIFY(session->showBytes() == before);
