@@ -19,6 +19,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int columnX[3] = {60, 360, 660};
@@ -146,7 +148,7 @@ SystemView::Menu* SystemView::addMenu(int column, const QString& title, int item
     return menu;
 }
 
-void SystemView::addValueMenu(int column, const QString& title, const QList<ValueSpec>& values)
+void SystemView::addValueMenu(int column, const QString& title, const QList<ValueLine>& values)
 {
     Menu* menu = addMenu(column, title, int(values.size()));
     for (int i = 0; i < values.size(); ++i)
@@ -156,9 +158,17 @@ void SystemView::addValueMenu(int column, const QString& title, const QList<Valu
 void SystemView::buildScene()
 {
     Console* console = ConsoleLink::console();
-    ConsoleStateRecord* r = console ? console->cache()->record() : nullptr;
     const bool maple = ConsoleLink::consoleType() == ConsoleCache::ModelMaple;
+    addCommandMenus(maple);
+    if (console && console->cache()->record())
+        addSettingMenus(console->cache()->record(), maple);
+    addVersionMenu(console, maple);
+    const int bottom = *std::max_element(std::begin(m_columnBottom), std::end(m_columnBottom));
+    m_scene.setSceneRect(0, 0, columnX[2] + PanTiltTable::width + columnX[0], bottom + firstMenuY);
+}
 
+void SystemView::addCommandMenus(bool maple)
+{
     Menu* file = addMenu(0, tr("File"), 4);
     const QList<QPair<QString, int>> fileItems = {{tr("New"), NewShow},
                                                   {tr("Open"), OpenShow},
@@ -176,50 +186,60 @@ void SystemView::buildScene()
     Menu* erase = addMenu(0, tr("Erase"), int(eraseItems.size()));
     for (int i = 0; i < eraseItems.size(); ++i)
         new MenuItem(erase, i, eraseItems[i].first, eraseItems[i].second, true, this);
+}
 
-    if (r) {
-        addValueMenu(0, tr("Crossfader"),
-                     {{tr("Upwards only"), 0, &r->crossfaderMode},
-                      {tr("Both ways"), 1, &r->crossfaderMode}});
-        addValueMenu(1, tr("DMX Output"),
-                     {{tr("Maximum"), 3, &r->dmxOutputSpeed},
-                      {tr("Fast"), 2, &r->dmxOutputSpeed},
-                      {tr("Medium"), 1, &r->dmxOutputSpeed},
-                      {tr("Slow"), 0, &r->dmxOutputSpeed}});
-        if (!maple) {
-            addValueMenu(1, tr("DMX Input"),
-                         {{tr("Merge with output"), 0, &r->dmxInputMode},
-                          {tr("On fader 01/01"), 1, &r->dmxInputMode}});
-            addValueMenu(1, tr("DMX Backup"),
-                         {{tr("Bump = Flash"), 0, &r->dmxBackupBump},
-                          {tr("Bump = Enable"), 1, &r->dmxBackupBump}});
-        }
-        const QString colon = QStringLiteral(":");
-        addValueMenu(1, tr("MIDI"),
-                     {{tr("MIDI channel") + colon, OneTo16, &r->midiChannel},
-                      {tr("MIDI (music) on") + colon, Check, &r->midiMusicOn},
-                      {tr("MIDI MSC i.d.") + colon, Upto127, &r->midiMscId},
-                      {tr("MIDI MSC on") + colon, Check, &r->midiMscOn}});
-        QList<ValueSpec> times = {{tr("Up fade") + colon, Time, &r->defaultUpFade},
-                                  {tr("Down fade") + colon, Time, &r->defaultDownFade},
-                                  {tr("Wait") + colon, Time, &r->defaultWait}};
-        if (maple) {
-            times << ValueSpec{tr("Move Dark") + colon, Time, &r->defaultMoveDark}
-                  << ValueSpec{tr("Palette") + colon, Time, &r->defaultPalette};
-        }
-        addValueMenu(1, tr("Default times"), times);
-        if (maple) {
-            addValueMenu(1, tr("User mode"),
-                         {{tr("Full control"), 1, &r->consoleMode},
-                          {tr("Control & Playback"), 0, &r->consoleMode},
-                          {tr("Playback only"), 2, &r->consoleMode}});
-            m_panTilt = new PanTiltTable(r);
-            m_panTilt->setPos(columnX[2], firstMenuY);
-            m_scene.addItem(m_panTilt);
-            m_columnBottom[2] = firstMenuY + PanTiltTable::height;
-        }
+void SystemView::addSettingMenus(ConsoleStateRecord* r, bool maple)
+{
+    addValueMenu(
+        0, tr("Crossfader"),
+        {{tr("Upwards only"), 0, &r->crossfaderMode}, {tr("Both ways"), 1, &r->crossfaderMode}});
+    addValueMenu(1, tr("DMX Output"),
+                 {{tr("Maximum"), 3, &r->dmxOutputSpeed},
+                  {tr("Fast"), 2, &r->dmxOutputSpeed},
+                  {tr("Medium"), 1, &r->dmxOutputSpeed},
+                  {tr("Slow"), 0, &r->dmxOutputSpeed}});
+    if (!maple) {
+        addValueMenu(1, tr("DMX Input"),
+                     {{tr("Merge with output"), 0, &r->dmxInputMode},
+                      {tr("On fader 01/01"), 1, &r->dmxInputMode}});
+        addValueMenu(1, tr("DMX Backup"),
+                     {{tr("Bump = Flash"), 0, &r->dmxBackupBump},
+                      {tr("Bump = Enable"), 1, &r->dmxBackupBump}});
     }
+    const QString colon = QStringLiteral(":");
+    addValueMenu(1, tr("MIDI"),
+                 {{tr("MIDI channel") + colon, OneTo16, &r->midiChannel},
+                  {tr("MIDI (music) on") + colon, Check, &r->midiMusicOn},
+                  {tr("MIDI MSC i.d.") + colon, Upto127, &r->midiMscId},
+                  {tr("MIDI MSC on") + colon, Check, &r->midiMscOn}});
+    QList<ValueLine> times = {{tr("Up fade") + colon, Time, &r->defaultUpFade},
+                              {tr("Down fade") + colon, Time, &r->defaultDownFade},
+                              {tr("Wait") + colon, Time, &r->defaultWait}};
+    if (maple) {
+        times << ValueLine{tr("Move Dark") + colon, Time, &r->defaultMoveDark}
+              << ValueLine{tr("Palette") + colon, Time, &r->defaultPalette};
+    }
+    addValueMenu(1, tr("Default times"), times);
+    if (maple)
+        addMapleMenus(r);
+}
 
+// Maple's user mode and its devices' pan and tilt.
+void SystemView::addMapleMenus(ConsoleStateRecord* r)
+{
+    addValueMenu(1, tr("User mode"),
+                 {{tr("Full control"), 1, &r->consoleMode},
+                  {tr("Control & Playback"), 0, &r->consoleMode},
+                  {tr("Playback only"), 2, &r->consoleMode}});
+    m_panTilt = new PanTiltTable(r);
+    m_panTilt->setPos(columnX[2], firstMenuY);
+    m_scene.addItem(m_panTilt);
+    m_columnBottom[2] = firstMenuY + PanTiltTable::height;
+}
+
+// The version texts are taken once: none of them changes while the program runs.
+void SystemView::addVersionMenu(Console* console, bool maple)
+{
     QStringList versions = {tr("Lumidesk version") + QLatin1Char(' ') + programVersion()};
     if (console)
         versions << tr("DLL version") + QLatin1Char(' ') + console->engine()->softwareVersion();
@@ -228,9 +248,6 @@ void SystemView::buildScene()
     Menu* system = addMenu(2, tr("System"), int(versions.size()));
     for (int i = 0; i < versions.size(); ++i)
         new MenuItem(system, i, versions[i], None, false, this);
-
-    const int bottom = *std::max_element(std::begin(m_columnBottom), std::end(m_columnBottom));
-    m_scene.setSceneRect(0, 0, columnX[2] + PanTiltTable::width + columnX[0], bottom + firstMenuY);
 }
 
 QString SystemView::title()

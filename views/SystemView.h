@@ -10,6 +10,7 @@
 #include <QList>
 #include <QString>
 
+class Console;
 struct ConsoleStateRecord;
 class TitleBar;
 
@@ -79,7 +80,7 @@ public slots:
     void consoleCachePlayLoaded();
 
 private:
-    struct ValueSpec
+    struct ValueLine
     {
         QString text;
         int kind;
@@ -87,9 +88,13 @@ private:
     };
 
     void buildScene();
+    void addCommandMenus(bool maple);
+    void addSettingMenus(ConsoleStateRecord* r, bool maple);
+    void addMapleMenus(ConsoleStateRecord* r);
+    void addVersionMenu(Console* console, bool maple);
     // Places a menu at the next free place of a column; returns it.
     Menu* addMenu(int column, const QString& title, int itemCount);
-    void addValueMenu(int column, const QString& title, const QList<ValueSpec>& values);
+    void addValueMenu(int column, const QString& title, const QList<ValueLine>& values);
     void askThenErase(int subCode, const QString& title, const QString& text);
     bool confirm(const QString& title, const QString& text);
     void openShow();
