@@ -1,10 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TabRegistry.h"
 
+#include "DMXView.h"
+#include "MainFrame.h"
+#include "OutputView.h"
+
 const TabRegistry& TabRegistry::standard()
 {
     // Each editor view adds its factory to this table as it is written.
-    static const TabRegistry views;
+    static const TabRegistry views = [] {
+        TabRegistry table;
+        table.setFactory(MainFrame::OutputTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return static_cast<Tab*>(new OutputView(window, bar));
+        });
+        table.setFactory(MainFrame::DmxTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return static_cast<Tab*>(new DMXView(window, bar));
+        });
+        return table;
+    }();
     return views;
 }
 
