@@ -99,6 +99,11 @@ public:
     void turnWheel(int wheel, int steps, bool rateHeld);
     void toggleBlind();
 
+    // DMX input (models with an input): the fixed pattern a simulation
+    // receives, described in README.md.
+    static constexpr int inputRampSlots = 16;
+    void publishInput();
+
 private:
     void initialiseRecord();
     void loadInitialShow();
