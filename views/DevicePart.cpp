@@ -97,6 +97,8 @@ DevicePart::presentParameters(const ConsoleCache& cache)
 {
     std::array<bool, parameterCount> present{};
     for (int device = 0; device < deviceCount; ++device) {
+        if (!cache.isDevicePatched(device))
+            continue;
         for (int parameter = 0; parameter < parameterCount; ++parameter) {
             if (cache.deviceHasParameter(device, parameter))
                 present[std::size_t(parameter)] = true;

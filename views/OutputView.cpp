@@ -94,7 +94,7 @@ OutputView::ParameterCell::ParameterCell(CellRow* row, OutputView* view, int dev
 QColor OutputView::ParameterCell::swatchColour(bool& valid) const
 {
     const ConsoleCache* data = ConsoleLink::cache();
-    valid = data && data->deviceHasParameter(m_device, parameter());
+    valid = data && data->deviceParameterAddress(m_device, parameter()) >= 0;
     if (!valid)
         return QColor();
     QColor colour = data->liveColour(m_device);
@@ -105,9 +105,9 @@ QColor OutputView::ParameterCell::swatchColour(bool& valid) const
 QString OutputView::ParameterCell::text() const
 {
     const ConsoleCache* data = ConsoleLink::cache();
-    if (!data || !data->deviceHasParameter(m_device, parameter()))
+    const int address = data ? data->deviceParameterAddress(m_device, parameter()) : -1;
+    if (address < 0)
         return QString();
-    const int address = data->deviceParameterAddress(m_device, parameter());
     if (data->hasPaletteReference(address))
         return paletteReference(group(), data->paletteReference(address));
     int value = data->outputLevel(address);
@@ -122,7 +122,7 @@ QString OutputView::ParameterCell::text() const
 QString OutputView::ParameterCell::editText() const
 {
     const ConsoleCache* data = ConsoleLink::cache();
-    if (!data || !data->deviceHasParameter(m_device, parameter()))
+    if (!data || data->deviceParameterAddress(m_device, parameter()) < 0)
         return QString();
     return ConsoleCache::formatLevel(data->deviceParameterValue(m_device, parameter(), true), true);
 }
@@ -230,10 +230,9 @@ int OutputView::ParameterGroupCell::commonPalette() const
         return -1;
     int common = -1;
     for (int parameter = 0; parameter < DevicePart::parameterCount; ++parameter) {
-        if (ConsoleCache::parameterGroup(parameter) != m_group ||
-            !m_cache->deviceHasParameter(m_device, parameter))
-            continue;
         const int address = m_cache->deviceParameterAddress(m_device, parameter);
+        if (ConsoleCache::parameterGroup(parameter) != m_group || address < 0)
+            continue;
         const int palette = m_cache->paletteReference(address);
         if (palette < 0 || (common >= 0 && palette != common))
             return -1;
