@@ -226,4 +226,276 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
         <translation>SEITE</translation>
     </message>
 </context>
+<context>
+    <name>ConsoleCache</name>
+    <message>
+        <source>Cue</source>
+        <translation>Cue</translation>
+    </message>
+    <message>
+        <source>Focus</source>
+        <translation>Fokus</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Beam</source>
+        <translation>Strahl</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Benutzer</translation>
+    </message>
+</context>
+<context>
+    <name>DMXView</name>
+    <message>
+        <source>Universe</source>
+        <translation>Universum</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgang</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>DMX Outputs</source>
+        <translation>DMX-Ausgänge</translation>
+    </message>
+    <message>
+        <source>DMX In/Out</source>
+        <translation>DMX Ein/Aus</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePart</name>
+    <message>
+        <source>Pan</source>
+        <translation>Pan</translation>
+    </message>
+    <message>
+        <source>Tilt</source>
+        <translation>Tilt</translation>
+    </message>
+    <message>
+        <source>Pan Fine</source>
+        <translation>Pan fein</translation>
+    </message>
+    <message>
+        <source>Tilt Fine</source>
+        <translation>Tilt fein</translation>
+    </message>
+    <message>
+        <source>Red/Cyan</source>
+        <translation>Rot/Cyan</translation>
+    </message>
+    <message>
+        <source>Green/Mag</source>
+        <translation>Grün/Mag</translation>
+    </message>
+    <message>
+        <source>Blue/Yellow</source>
+        <translation>Blau/Gelb</translation>
+    </message>
+    <message>
+        <source>Color 1</source>
+        <translation>Farbe 1</translation>
+    </message>
+    <message>
+        <source>Color 2</source>
+        <translation>Farbe 2</translation>
+    </message>
+    <message>
+        <source>Color Temp</source>
+        <translation>Farbtemp</translation>
+    </message>
+    <message>
+        <source>Color Effect</source>
+        <translation>Farbeffekt</translation>
+    </message>
+    <message>
+        <source>Shutter</source>
+        <translation>Shutter</translation>
+    </message>
+    <message>
+        <source>Prism</source>
+        <translation>Prisma</translation>
+    </message>
+    <message>
+        <source>Beam 2</source>
+        <translation>Strahl 2</translation>
+    </message>
+    <message>
+        <source>Gobo 1</source>
+        <translation>Gobo 1</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Index</source>
+        <translation>Gobo 1 Index</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Rot</source>
+        <translation>Gobo 1 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Mode</source>
+        <translation>Gobo 1 Modus</translation>
+    </message>
+    <message>
+        <source>Gobo 2</source>
+        <translation>Gobo 2</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Index</source>
+        <translation>Gobo 2 Index</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Rot</source>
+        <translation>Gobo 2 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Mode</source>
+        <translation>Gobo 2 Modus</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Kante</translation>
+    </message>
+    <message>
+        <source>Iris</source>
+        <translation>Iris</translation>
+    </message>
+    <message>
+        <source>Frost</source>
+        <translation>Frost</translation>
+    </message>
+    <message>
+        <source>User 1</source>
+        <translation>Benutzer 1</translation>
+    </message>
+    <message>
+        <source>User 2</source>
+        <translation>Benutzer 2</translation>
+    </message>
+    <message>
+        <source>User 3</source>
+        <translation>Benutzer 3</translation>
+    </message>
+    <message>
+        <source>User 4</source>
+        <translation>Benutzer 4</translation>
+    </message>
+    <message>
+        <source>User 5</source>
+        <translation>Benutzer 5</translation>
+    </message>
+    <message>
+        <source>User 6</source>
+        <translation>Benutzer 6</translation>
+    </message>
+    <message>
+        <source>User 7</source>
+        <translation>Benutzer 7</translation>
+    </message>
+    <message>
+        <source>User 8</source>
+        <translation>Benutzer 8</translation>
+    </message>
+    <message>
+        <source>Effect 1</source>
+        <translation>Effekt 1</translation>
+    </message>
+    <message>
+        <source>Effect 1 Mode</source>
+        <translation>Effekt 1 Modus</translation>
+    </message>
+    <message>
+        <source>Effect 2</source>
+        <translation>Effekt 2</translation>
+    </message>
+    <message>
+        <source>Effect 2 Mode</source>
+        <translation>Effekt 2 Modus</translation>
+    </message>
+    <message>
+        <source>Blade 1A</source>
+        <translation>Blende 1A</translation>
+    </message>
+    <message>
+        <source>Blade 1B</source>
+        <translation>Blende 1B</translation>
+    </message>
+    <message>
+        <source>Blade 2A</source>
+        <translation>Blende 2A</translation>
+    </message>
+    <message>
+        <source>Blade 2B</source>
+        <translation>Blende 2B</translation>
+    </message>
+    <message>
+        <source>Blade 3A</source>
+        <translation>Blende 3A</translation>
+    </message>
+    <message>
+        <source>Blade 3B</source>
+        <translation>Blende 3B</translation>
+    </message>
+    <message>
+        <source>Blade 4A</source>
+        <translation>Blende 4A</translation>
+    </message>
+    <message>
+        <source>Blade 4B</source>
+        <translation>Blende 4B</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Drehung</translation>
+    </message>
+    <message>
+        <source>Macro 1</source>
+        <translation>Makro 1</translation>
+    </message>
+    <message>
+        <source>Macro 2</source>
+        <translation>Makro 2</translation>
+    </message>
+    <message>
+        <source>Macro 3</source>
+        <translation>Makro 3</translation>
+    </message>
+</context>
+<context>
+    <name>OutputView</name>
+    <message>
+        <source>Live</source>
+        <translation>Live</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT GER</translation>
+    </message>
+    <message>
+        <source>Set palette</source>
+        <translation>Palette setzen</translation>
+    </message>
+</context>
 </TS>

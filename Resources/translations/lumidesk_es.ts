@@ -226,4 +226,276 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
         <translation>PÁGINA</translation>
     </message>
 </context>
+<context>
+    <name>ConsoleCache</name>
+    <message>
+        <source>Cue</source>
+        <translation>Cue</translation>
+    </message>
+    <message>
+        <source>Focus</source>
+        <translation>Foco</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Color</translation>
+    </message>
+    <message>
+        <source>Beam</source>
+        <translation>Haz</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Usuario</translation>
+    </message>
+</context>
+<context>
+    <name>DMXView</name>
+    <message>
+        <source>Universe</source>
+        <translation>Universo</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Salida</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrada</translation>
+    </message>
+    <message>
+        <source>DMX Outputs</source>
+        <translation>Salidas DMX</translation>
+    </message>
+    <message>
+        <source>DMX In/Out</source>
+        <translation>DMX Ent/Sal</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePart</name>
+    <message>
+        <source>Pan</source>
+        <translation>Pan</translation>
+    </message>
+    <message>
+        <source>Tilt</source>
+        <translation>Tilt</translation>
+    </message>
+    <message>
+        <source>Pan Fine</source>
+        <translation>Pan fino</translation>
+    </message>
+    <message>
+        <source>Tilt Fine</source>
+        <translation>Tilt fino</translation>
+    </message>
+    <message>
+        <source>Red/Cyan</source>
+        <translation>Rojo/Cian</translation>
+    </message>
+    <message>
+        <source>Green/Mag</source>
+        <translation>Verde/Mag</translation>
+    </message>
+    <message>
+        <source>Blue/Yellow</source>
+        <translation>Azul/Amar</translation>
+    </message>
+    <message>
+        <source>Color 1</source>
+        <translation>Color 1</translation>
+    </message>
+    <message>
+        <source>Color 2</source>
+        <translation>Color 2</translation>
+    </message>
+    <message>
+        <source>Color Temp</source>
+        <translation>Temp color</translation>
+    </message>
+    <message>
+        <source>Color Effect</source>
+        <translation>Efecto col</translation>
+    </message>
+    <message>
+        <source>Shutter</source>
+        <translation>Obturador</translation>
+    </message>
+    <message>
+        <source>Prism</source>
+        <translation>Prisma</translation>
+    </message>
+    <message>
+        <source>Beam 2</source>
+        <translation>Haz 2</translation>
+    </message>
+    <message>
+        <source>Gobo 1</source>
+        <translation>Gobo 1</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Index</source>
+        <translation>Gobo 1 Índice</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Rot</source>
+        <translation>Gobo 1 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Mode</source>
+        <translation>Gobo 1 Modo</translation>
+    </message>
+    <message>
+        <source>Gobo 2</source>
+        <translation>Gobo 2</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Index</source>
+        <translation>Gobo 2 Índice</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Rot</source>
+        <translation>Gobo 2 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Mode</source>
+        <translation>Gobo 2 Modo</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Borde</translation>
+    </message>
+    <message>
+        <source>Iris</source>
+        <translation>Iris</translation>
+    </message>
+    <message>
+        <source>Frost</source>
+        <translation>Frost</translation>
+    </message>
+    <message>
+        <source>User 1</source>
+        <translation>Usuario 1</translation>
+    </message>
+    <message>
+        <source>User 2</source>
+        <translation>Usuario 2</translation>
+    </message>
+    <message>
+        <source>User 3</source>
+        <translation>Usuario 3</translation>
+    </message>
+    <message>
+        <source>User 4</source>
+        <translation>Usuario 4</translation>
+    </message>
+    <message>
+        <source>User 5</source>
+        <translation>Usuario 5</translation>
+    </message>
+    <message>
+        <source>User 6</source>
+        <translation>Usuario 6</translation>
+    </message>
+    <message>
+        <source>User 7</source>
+        <translation>Usuario 7</translation>
+    </message>
+    <message>
+        <source>User 8</source>
+        <translation>Usuario 8</translation>
+    </message>
+    <message>
+        <source>Effect 1</source>
+        <translation>Efecto 1</translation>
+    </message>
+    <message>
+        <source>Effect 1 Mode</source>
+        <translation>Efecto 1 Modo</translation>
+    </message>
+    <message>
+        <source>Effect 2</source>
+        <translation>Efecto 2</translation>
+    </message>
+    <message>
+        <source>Effect 2 Mode</source>
+        <translation>Efecto 2 Modo</translation>
+    </message>
+    <message>
+        <source>Blade 1A</source>
+        <translation>Cuchilla 1A</translation>
+    </message>
+    <message>
+        <source>Blade 1B</source>
+        <translation>Cuchilla 1B</translation>
+    </message>
+    <message>
+        <source>Blade 2A</source>
+        <translation>Cuchilla 2A</translation>
+    </message>
+    <message>
+        <source>Blade 2B</source>
+        <translation>Cuchilla 2B</translation>
+    </message>
+    <message>
+        <source>Blade 3A</source>
+        <translation>Cuchilla 3A</translation>
+    </message>
+    <message>
+        <source>Blade 3B</source>
+        <translation>Cuchilla 3B</translation>
+    </message>
+    <message>
+        <source>Blade 4A</source>
+        <translation>Cuchilla 4A</translation>
+    </message>
+    <message>
+        <source>Blade 4B</source>
+        <translation>Cuchilla 4B</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Rotación</translation>
+    </message>
+    <message>
+        <source>Macro 1</source>
+        <translation>Macro 1</translation>
+    </message>
+    <message>
+        <source>Macro 2</source>
+        <translation>Macro 2</translation>
+    </message>
+    <message>
+        <source>Macro 3</source>
+        <translation>Macro 3</translation>
+    </message>
+</context>
+<context>
+    <name>OutputView</name>
+    <message>
+        <source>Live</source>
+        <translation>En vivo</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT DISP</translation>
+    </message>
+    <message>
+        <source>Set palette</source>
+        <translation>Aplicar paleta</translation>
+    </message>
+</context>
 </TS>

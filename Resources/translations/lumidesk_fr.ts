@@ -226,4 +226,276 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
         <translation>PAGE</translation>
     </message>
 </context>
+<context>
+    <name>ConsoleCache</name>
+    <message>
+        <source>Cue</source>
+        <translation>Cue</translation>
+    </message>
+    <message>
+        <source>Focus</source>
+        <translation>Focus</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Couleur</translation>
+    </message>
+    <message>
+        <source>Beam</source>
+        <translation>Faisceau</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Utilisateur</translation>
+    </message>
+</context>
+<context>
+    <name>DMXView</name>
+    <message>
+        <source>Universe</source>
+        <translation>Univers</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Sortie</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>DMX Outputs</source>
+        <translation>Sorties DMX</translation>
+    </message>
+    <message>
+        <source>DMX In/Out</source>
+        <translation>DMX Ent/Sor</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePart</name>
+    <message>
+        <source>Pan</source>
+        <translation>Pan</translation>
+    </message>
+    <message>
+        <source>Tilt</source>
+        <translation>Tilt</translation>
+    </message>
+    <message>
+        <source>Pan Fine</source>
+        <translation>Pan fin</translation>
+    </message>
+    <message>
+        <source>Tilt Fine</source>
+        <translation>Tilt fin</translation>
+    </message>
+    <message>
+        <source>Red/Cyan</source>
+        <translation>Rouge/Cyan</translation>
+    </message>
+    <message>
+        <source>Green/Mag</source>
+        <translation>Vert/Mag</translation>
+    </message>
+    <message>
+        <source>Blue/Yellow</source>
+        <translation>Bleu/Jaune</translation>
+    </message>
+    <message>
+        <source>Color 1</source>
+        <translation>Couleur 1</translation>
+    </message>
+    <message>
+        <source>Color 2</source>
+        <translation>Couleur 2</translation>
+    </message>
+    <message>
+        <source>Color Temp</source>
+        <translation>Temp coul</translation>
+    </message>
+    <message>
+        <source>Color Effect</source>
+        <translation>Effet coul</translation>
+    </message>
+    <message>
+        <source>Shutter</source>
+        <translation>Obturateur</translation>
+    </message>
+    <message>
+        <source>Prism</source>
+        <translation>Prisme</translation>
+    </message>
+    <message>
+        <source>Beam 2</source>
+        <translation>Faisceau 2</translation>
+    </message>
+    <message>
+        <source>Gobo 1</source>
+        <translation>Gobo 1</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Index</source>
+        <translation>Gobo 1 Index</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Rot</source>
+        <translation>Gobo 1 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Mode</source>
+        <translation>Gobo 1 Mode</translation>
+    </message>
+    <message>
+        <source>Gobo 2</source>
+        <translation>Gobo 2</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Index</source>
+        <translation>Gobo 2 Index</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Rot</source>
+        <translation>Gobo 2 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Mode</source>
+        <translation>Gobo 2 Mode</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Netteté</translation>
+    </message>
+    <message>
+        <source>Iris</source>
+        <translation>Iris</translation>
+    </message>
+    <message>
+        <source>Frost</source>
+        <translation>Frost</translation>
+    </message>
+    <message>
+        <source>User 1</source>
+        <translation>Util 1</translation>
+    </message>
+    <message>
+        <source>User 2</source>
+        <translation>Util 2</translation>
+    </message>
+    <message>
+        <source>User 3</source>
+        <translation>Util 3</translation>
+    </message>
+    <message>
+        <source>User 4</source>
+        <translation>Util 4</translation>
+    </message>
+    <message>
+        <source>User 5</source>
+        <translation>Util 5</translation>
+    </message>
+    <message>
+        <source>User 6</source>
+        <translation>Util 6</translation>
+    </message>
+    <message>
+        <source>User 7</source>
+        <translation>Util 7</translation>
+    </message>
+    <message>
+        <source>User 8</source>
+        <translation>Util 8</translation>
+    </message>
+    <message>
+        <source>Effect 1</source>
+        <translation>Effet 1</translation>
+    </message>
+    <message>
+        <source>Effect 1 Mode</source>
+        <translation>Effet 1 Mode</translation>
+    </message>
+    <message>
+        <source>Effect 2</source>
+        <translation>Effet 2</translation>
+    </message>
+    <message>
+        <source>Effect 2 Mode</source>
+        <translation>Effet 2 Mode</translation>
+    </message>
+    <message>
+        <source>Blade 1A</source>
+        <translation>Couteau 1A</translation>
+    </message>
+    <message>
+        <source>Blade 1B</source>
+        <translation>Couteau 1B</translation>
+    </message>
+    <message>
+        <source>Blade 2A</source>
+        <translation>Couteau 2A</translation>
+    </message>
+    <message>
+        <source>Blade 2B</source>
+        <translation>Couteau 2B</translation>
+    </message>
+    <message>
+        <source>Blade 3A</source>
+        <translation>Couteau 3A</translation>
+    </message>
+    <message>
+        <source>Blade 3B</source>
+        <translation>Couteau 3B</translation>
+    </message>
+    <message>
+        <source>Blade 4A</source>
+        <translation>Couteau 4A</translation>
+    </message>
+    <message>
+        <source>Blade 4B</source>
+        <translation>Couteau 4B</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Rotation</translation>
+    </message>
+    <message>
+        <source>Macro 1</source>
+        <translation>Macro 1</translation>
+    </message>
+    <message>
+        <source>Macro 2</source>
+        <translation>Macro 2</translation>
+    </message>
+    <message>
+        <source>Macro 3</source>
+        <translation>Macro 3</translation>
+    </message>
+</context>
+<context>
+    <name>OutputView</name>
+    <message>
+        <source>Live</source>
+        <translation>Direct</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT APP</translation>
+    </message>
+    <message>
+        <source>Set palette</source>
+        <translation>Appliquer palette</translation>
+    </message>
+</context>
 </TS>

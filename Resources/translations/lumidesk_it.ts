@@ -226,4 +226,276 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
         <translation>PAGINA</translation>
     </message>
 </context>
+<context>
+    <name>ConsoleCache</name>
+    <message>
+        <source>Cue</source>
+        <translation>Cue</translation>
+    </message>
+    <message>
+        <source>Focus</source>
+        <translation>Fuoco</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Colore</translation>
+    </message>
+    <message>
+        <source>Beam</source>
+        <translation>Fascio</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Utente</translation>
+    </message>
+</context>
+<context>
+    <name>DMXView</name>
+    <message>
+        <source>Universe</source>
+        <translation>Universo</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Uscita</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Ingresso</translation>
+    </message>
+    <message>
+        <source>DMX Outputs</source>
+        <translation>Uscite DMX</translation>
+    </message>
+    <message>
+        <source>DMX In/Out</source>
+        <translation>DMX Ing/Usc</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePart</name>
+    <message>
+        <source>Pan</source>
+        <translation>Pan</translation>
+    </message>
+    <message>
+        <source>Tilt</source>
+        <translation>Tilt</translation>
+    </message>
+    <message>
+        <source>Pan Fine</source>
+        <translation>Pan fine</translation>
+    </message>
+    <message>
+        <source>Tilt Fine</source>
+        <translation>Tilt fine</translation>
+    </message>
+    <message>
+        <source>Red/Cyan</source>
+        <translation>Rosso/Ciano</translation>
+    </message>
+    <message>
+        <source>Green/Mag</source>
+        <translation>Verde/Mag</translation>
+    </message>
+    <message>
+        <source>Blue/Yellow</source>
+        <translation>Blu/Giallo</translation>
+    </message>
+    <message>
+        <source>Color 1</source>
+        <translation>Colore 1</translation>
+    </message>
+    <message>
+        <source>Color 2</source>
+        <translation>Colore 2</translation>
+    </message>
+    <message>
+        <source>Color Temp</source>
+        <translation>Temp col</translation>
+    </message>
+    <message>
+        <source>Color Effect</source>
+        <translation>Effetto col</translation>
+    </message>
+    <message>
+        <source>Shutter</source>
+        <translation>Otturatore</translation>
+    </message>
+    <message>
+        <source>Prism</source>
+        <translation>Prisma</translation>
+    </message>
+    <message>
+        <source>Beam 2</source>
+        <translation>Fascio 2</translation>
+    </message>
+    <message>
+        <source>Gobo 1</source>
+        <translation>Gobo 1</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Index</source>
+        <translation>Gobo 1 Indice</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Rot</source>
+        <translation>Gobo 1 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Mode</source>
+        <translation>Gobo 1 Modo</translation>
+    </message>
+    <message>
+        <source>Gobo 2</source>
+        <translation>Gobo 2</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Index</source>
+        <translation>Gobo 2 Indice</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Rot</source>
+        <translation>Gobo 2 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Mode</source>
+        <translation>Gobo 2 Modo</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Bordo</translation>
+    </message>
+    <message>
+        <source>Iris</source>
+        <translation>Iride</translation>
+    </message>
+    <message>
+        <source>Frost</source>
+        <translation>Frost</translation>
+    </message>
+    <message>
+        <source>User 1</source>
+        <translation>Utente 1</translation>
+    </message>
+    <message>
+        <source>User 2</source>
+        <translation>Utente 2</translation>
+    </message>
+    <message>
+        <source>User 3</source>
+        <translation>Utente 3</translation>
+    </message>
+    <message>
+        <source>User 4</source>
+        <translation>Utente 4</translation>
+    </message>
+    <message>
+        <source>User 5</source>
+        <translation>Utente 5</translation>
+    </message>
+    <message>
+        <source>User 6</source>
+        <translation>Utente 6</translation>
+    </message>
+    <message>
+        <source>User 7</source>
+        <translation>Utente 7</translation>
+    </message>
+    <message>
+        <source>User 8</source>
+        <translation>Utente 8</translation>
+    </message>
+    <message>
+        <source>Effect 1</source>
+        <translation>Effetto 1</translation>
+    </message>
+    <message>
+        <source>Effect 1 Mode</source>
+        <translation>Effetto 1 Modo</translation>
+    </message>
+    <message>
+        <source>Effect 2</source>
+        <translation>Effetto 2</translation>
+    </message>
+    <message>
+        <source>Effect 2 Mode</source>
+        <translation>Effetto 2 Modo</translation>
+    </message>
+    <message>
+        <source>Blade 1A</source>
+        <translation>Lama 1A</translation>
+    </message>
+    <message>
+        <source>Blade 1B</source>
+        <translation>Lama 1B</translation>
+    </message>
+    <message>
+        <source>Blade 2A</source>
+        <translation>Lama 2A</translation>
+    </message>
+    <message>
+        <source>Blade 2B</source>
+        <translation>Lama 2B</translation>
+    </message>
+    <message>
+        <source>Blade 3A</source>
+        <translation>Lama 3A</translation>
+    </message>
+    <message>
+        <source>Blade 3B</source>
+        <translation>Lama 3B</translation>
+    </message>
+    <message>
+        <source>Blade 4A</source>
+        <translation>Lama 4A</translation>
+    </message>
+    <message>
+        <source>Blade 4B</source>
+        <translation>Lama 4B</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Rotazione</translation>
+    </message>
+    <message>
+        <source>Macro 1</source>
+        <translation>Macro 1</translation>
+    </message>
+    <message>
+        <source>Macro 2</source>
+        <translation>Macro 2</translation>
+    </message>
+    <message>
+        <source>Macro 3</source>
+        <translation>Macro 3</translation>
+    </message>
+</context>
+<context>
+    <name>OutputView</name>
+    <message>
+        <source>Live</source>
+        <translation>Live</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT DISP</translation>
+    </message>
+    <message>
+        <source>Set palette</source>
+        <translation>Imposta tavolozza</translation>
+    </message>
+</context>
 </TS>
