@@ -66,9 +66,9 @@ bool OutputView::ChannelCell::isHighlighted() const
     const ConsoleCache* data = cache();
     if (!data || !data->record())
         return false;
+    // Channels 48-71 are the devices' control channels.
     const int device = channel() - data->firstDeviceChannel();
     return device >= 0 && device < data->deviceCount() &&
-           (data->channelFlags(channel()) & ConsoleCache::ChannelDevicePatched) &&
            data->record()->deviceSelected[device] != 0;
 }
 
