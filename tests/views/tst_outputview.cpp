@@ -48,6 +48,8 @@ private slots:
     void shiftSelection_data();
     void shiftSelection();
     void devicePartFollowsPatch();
+    void paletteLayout_data();
+    void paletteLayout();
     void dmxSlotPixels_data();
     void dmxSlotPixels();
     void overrideReachesEngineOutput();
@@ -236,6 +238,57 @@ void TestOutputView::devicePartFollowsPatch()
                                    "Shutter", "#"}));
     QCOMPARE(view->cellGrid().size(), size_t(4 * DevicePart::deviceCount));
     QCOMPARE(view->anchor(), std::make_pair(-1, -1));
+}
+
+// The palette view's arrangement: numbers on top, every palette group opens
+// its block, and group rows without a cell per device.
+class PaletteRows : public DevicePart::Factory
+{
+public:
+    explicit PaletteRows(OutputView* view) : view(view) {}
+    CellRow* createGroupRow(CellRowTable* table, int group) override
+    {
+        return new OutputView::ParameterGroupRow(table, group);
+    }
+    Cell* createMonitorCell(CellRow* row, int device) override
+    {
+        return new OutputView::PanTiltMonitorCell(row, ConsoleLink::cache(), device);
+    }
+    ParameterCell* createParameterCell(CellRow* row, int device, int group, int parameter) override
+    {
+        return new OutputView::ParameterCell(row, view, device, group, parameter);
+    }
+    OutputView* view;
+};
+
+void TestOutputView::paletteLayout_data()
+{
+    QTest::addColumn<QList<QList<int>>>("rig");
+    QTest::addColumn<QStringList>("rows");
+    QTest::newRow("mixed rig") << mixedRig
+                               << QStringList{"#",           "FOCUS",   "",         "Pan",
+                                              "Tilt",        "COLOR",   "Red/Cyan", "Green/Mag",
+                                              "Blue/Yellow", "Color 1", "BEAM",     "Gobo 1"};
+    QTest::newRow("colour only") << QList<QList<int>>{{}, {0, 3, 4}, {}}
+                                 << QStringList{"#",         "FOCUS",       "COLOR", "Red/Cyan",
+                                                "Green/Mag", "Blue/Yellow", "BEAM"};
+}
+
+void TestOutputView::paletteLayout()
+{
+    QFETCH(QList<QList<int>>, rig);
+    QFETCH(QStringList, rows);
+    for (int device = 0; device < rig.size(); ++device)
+        patch(device, device * 20, rig[device]);
+    QGraphicsScene scene;
+    auto* table = new CellRowTable(&scene, false);
+    PaletteRows factory(view);
+    DevicePart::build(table, *console->cache(), factory, DevicePart::Layout::PaletteGroups);
+    QStringList names;
+    for (const CellRow* row : table->rows())
+        names << rowName(row);
+    QCOMPARE(names, rows);
+    QCOMPARE(table->rows()[1]->cells().size(), 0);
 }
 
 void TestOutputView::dmxSlotPixels_data()
