@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TabRegistry.h"
 
+#include "DMXView.h"
 #include "MainFrame.h"
+#include "OutputView.h"
 #include "SystemView.h"
 
 const TabRegistry& TabRegistry::standard()
@@ -11,6 +13,12 @@ const TabRegistry& TabRegistry::standard()
         TabRegistry table;
         table.setFactory(MainFrame::SystemTab, [](MainFrame* window, TitleBar* bar, bool wide) {
             return new SystemView(window, bar, wide);
+        });
+        table.setFactory(MainFrame::OutputTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return static_cast<Tab*>(new OutputView(window, bar));
+        });
+        table.setFactory(MainFrame::DmxTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return static_cast<Tab*>(new DMXView(window, bar));
         });
         return table;
     }();

@@ -28,6 +28,7 @@ void ConsoleSimulation::start(const QString& consoleVersion)
     const bool wasMuted = notifier_.isMuted();
     notifier_.setMuted(true);
     initialiseRecord();
+    publishInput();
     area_.reset();
     area_.setFixedText(record_->consoleVersion, consoleVersion);
     if (profile_.isMaple()) {

@@ -27,7 +27,7 @@ class EngineNotifier;
 // state file, show files), ...Requests.cpp the program's update codes and
 // the DMX ring, ...Playback.cpp playback, mixing and publishing,
 // ...Recording.cpp memories, cues, groups and palettes, ...Panel.cpp the
-// console actions behind the front panel.
+// console actions behind the front panel, ...Input.cpp the DMX input.
 class ConsoleSimulation
 {
 public:
@@ -98,6 +98,11 @@ public:
     void homeSelectedDevices();
     void turnWheel(int wheel, int steps, bool rateHeld);
     void toggleBlind();
+
+    // DMX input (models with an input): the fixed pattern a simulation
+    // receives, described in README.md.
+    static constexpr int inputRampSlots = 16;
+    void publishInput();
 
 private:
     void initialiseRecord();

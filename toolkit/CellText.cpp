@@ -4,6 +4,7 @@
 #include "WholePixel.h"
 
 #include <QFontMetricsF>
+#include <QHash>
 #include <QPainter>
 
 #include <cmath>
@@ -13,12 +14,95 @@ namespace {
 // Room around the advance for glyphs that overhang it.
 constexpr int margin = 2;
 
+// Level texts come from a small set ("0" to "99", "F"), but every cell that
+// shows a changing level would lay out and rasterise each new one again. The
+// GUI thread keeps one layout and one rendering per text, font, colour and
+// sub-pixel placement for all cells; the sets are bounded by clearing them.
+constexpr int cacheLimit = 4096;
+
+struct SharedLayout
+{
+    QStaticText layout;
+    qreal advance = 0;
+    qreal lineHeight = 0;
+    QRectF ink;
+};
+
+struct LayoutKey
+{
+    QString text;
+    QFont font;
+    bool operator==(const LayoutKey& other) const
+    {
+        return text == other.text && font == other.font;
+    }
+};
+
+size_t qHash(const LayoutKey& key, size_t seed = 0)
+{
+    return qHashMulti(seed, key.text, key.font);
+}
+
+struct RenderingKey
+{
+    LayoutKey layout;
+    QRgb colour;
+    // The sub-pixel placement in 1/64 pixel.
+    int x;
+    int y;
+    bool operator==(const RenderingKey& other) const
+    {
+        return layout == other.layout && colour == other.colour && x == other.x && y == other.y;
+    }
+};
+
+size_t qHash(const RenderingKey& key, size_t seed = 0)
+{
+    return qHashMulti(seed, key.layout, key.colour, key.x, key.y);
+}
+
+template <typename Key, typename Value> Value* cached(QHash<Key, Value>& cache, const Key& key)
+{
+    const auto found = cache.find(key);
+    return found == cache.end() ? nullptr : &found.value();
+}
+
+template <typename Key, typename Value>
+void keep(QHash<Key, Value>& cache, const Key& key, const Value& value)
+{
+    if (cache.size() >= cacheLimit)
+        cache.clear();
+    cache.insert(key, value);
+}
+
+QHash<LayoutKey, SharedLayout>& sharedLayouts()
+{
+    static QHash<LayoutKey, SharedLayout> layouts;
+    return layouts;
+}
+
+QHash<RenderingKey, QPixmap>& sharedRenderings()
+{
+    static QHash<RenderingKey, QPixmap> renderings;
+    return renderings;
+}
+
 } // namespace
 
 void CellText::layOut(const QString& text, const QFont& font)
 {
     m_text = text;
     m_font = font;
+    m_laidOut = true;
+    m_rendering = QPixmap();
+    const LayoutKey key{text, font};
+    if (const SharedLayout* shared = cached(sharedLayouts(), key)) {
+        m_layout = shared->layout;
+        m_advance = shared->advance;
+        m_lineHeight = shared->lineHeight;
+        m_ink = shared->ink;
+        return;
+    }
     m_layout.setText(text);
     m_layout.setTextFormat(Qt::PlainText);
     m_layout.prepare(QTransform(), font);
@@ -26,12 +110,21 @@ void CellText::layOut(const QString& text, const QFont& font)
     m_advance = metrics.horizontalAdvance(text);
     m_lineHeight = metrics.height();
     m_ink = metrics.tightBoundingRect(text).translated(0, metrics.ascent()).adjusted(-1, -1, 1, 1);
-    m_laidOut = true;
-    m_rendering = QPixmap();
+    keep(sharedLayouts(), key, SharedLayout{m_layout, m_advance, m_lineHeight, m_ink});
 }
 
 void CellText::render(const QPointF& fraction, const QColor& colour)
 {
+    m_renderedColour = colour;
+    m_renderedFraction = fraction;
+    const RenderingKey key{{m_text, m_font},
+                           colour.rgba(),
+                           int(std::lround(fraction.x() * 64)),
+                           int(std::lround(fraction.y() * 64))};
+    if (const QPixmap* shared = cached(sharedRenderings(), key)) {
+        m_rendering = *shared;
+        return;
+    }
     const QSize size(int(std::ceil(m_advance)) + 2 * margin + 1,
                      int(std::ceil(m_lineHeight)) + 2 * margin + 1);
     m_rendering = QPixmap(size);
@@ -41,8 +134,7 @@ void CellText::render(const QPointF& fraction, const QColor& colour)
     painter.setPen(colour);
     painter.drawStaticText(QPointF(margin, margin) + fraction, m_layout);
     painter.end();
-    m_renderedColour = colour;
-    m_renderedFraction = fraction;
+    keep(sharedRenderings(), key, m_rendering);
 }
 
 void CellText::draw(QPainter* painter, const QRectF& rect, Qt::Alignment alignment,

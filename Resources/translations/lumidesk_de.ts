@@ -2,87 +2,252 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>InterfaceDialogClass</name>
+    <name>ConsoleCache</name>
     <message>
-        <source>Lumidesk</source>
-        <translation>Lumidesk</translation>
+        <source>Cue</source>
+        <translation>Cue</translation>
     </message>
     <message>
-        <source>Select console type:</source>
-        <translation>Konsolentyp auswählen:</translation>
+        <source>Focus</source>
+        <translation>Fokus</translation>
     </message>
     <message>
-        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Die neueste Software für Konsole und Lumidesk finden Sie unter &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar und Maple sind Marken von Glowcraft Lighting.&lt;/p&gt;</translation>
+        <source>Color</source>
+        <translation>Farbe</translation>
     </message>
     <message>
-        <source>Run Lumidesk with a %1 console</source>
-        <translation>Lumidesk mit einer %1-Konsole verwenden</translation>
-    </message>
-</context>
-<context>
-    <name>Lumidesk</name>
-    <message>
-        <source>Connection error</source>
-        <translation>Verbindungsfehler</translation>
+        <source>Beam</source>
+        <translation>Strahl</translation>
     </message>
     <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>Die Softwareversion der Konsole passt nicht zur Softwareversion von Lumidesk.
-Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation>
-    </message>
-    <message>
-        <source>Critical error</source>
-        <translation>Kritischer Fehler</translation>
-    </message>
-    <message>
-        <source>Lumidesk failed to load the console selected!</source>
-        <translation>Lumidesk konnte die ausgewählte Konsole nicht laden!</translation>
+        <source>User</source>
+        <translation>Benutzer</translation>
     </message>
 </context>
 <context>
-    <name>MainFrame</name>
+    <name>DMXView</name>
     <message>
-        <source>Connection error</source>
-        <translation>Verbindungsfehler</translation>
+        <source>Universe</source>
+        <translation>Universum</translation>
     </message>
     <message>
-        <source>Exit Lumidesk</source>
-        <translation>Lumidesk beenden</translation>
+        <source>Output</source>
+        <translation>Ausgang</translation>
     </message>
     <message>
-        <source>Save showfile</source>
-        <translation>Showdatei speichern</translation>
+        <source>Input</source>
+        <translation>Eingang</translation>
     </message>
     <message>
-        <source>Show files (*.asc)</source>
-        <translation>Showdateien (*.asc)</translation>
+        <source>DMX Outputs</source>
+        <translation>DMX-Ausgänge</translation>
     </message>
     <message>
-        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
-        <translation>Die Glowcraft-Konsole muss im Normalmodus laufen, damit sie sich mit Lumidesk verbinden kann.</translation>
-    </message>
-    <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>Die Softwareversion der Konsole passt nicht zur Softwareversion von Lumidesk.
-Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation>
-    </message>
-    <message>
-        <source>Would you like to save your data first?</source>
-        <translation>Möchten Sie Ihre Daten zuerst speichern?</translation>
+        <source>DMX In/Out</source>
+        <translation>DMX Ein/Aus</translation>
     </message>
 </context>
 <context>
-    <name>TitleBar</name>
+    <name>DevicePart</name>
     <message>
-        <source>Change language</source>
-        <translation>Sprache ändern</translation>
+        <source>Pan</source>
+        <translation>Pan</translation>
     </message>
     <message>
-        <source>You must restart Lumidesk in order for the language change to take effect!</source>
-        <translation>Sie müssen Lumidesk neu starten, damit die Sprachänderung wirksam wird!</translation>
+        <source>Tilt</source>
+        <translation>Tilt</translation>
+    </message>
+    <message>
+        <source>Pan Fine</source>
+        <translation>Pan fein</translation>
+    </message>
+    <message>
+        <source>Tilt Fine</source>
+        <translation>Tilt fein</translation>
+    </message>
+    <message>
+        <source>Red/Cyan</source>
+        <translation>Rot/Cyan</translation>
+    </message>
+    <message>
+        <source>Green/Mag</source>
+        <translation>Grün/Mag</translation>
+    </message>
+    <message>
+        <source>Blue/Yellow</source>
+        <translation>Blau/Gelb</translation>
+    </message>
+    <message>
+        <source>Color 1</source>
+        <translation>Farbe 1</translation>
+    </message>
+    <message>
+        <source>Color 2</source>
+        <translation>Farbe 2</translation>
+    </message>
+    <message>
+        <source>Color Temp</source>
+        <translation>Farbtemp</translation>
+    </message>
+    <message>
+        <source>Color Effect</source>
+        <translation>Farbeffekt</translation>
+    </message>
+    <message>
+        <source>Shutter</source>
+        <translation>Shutter</translation>
+    </message>
+    <message>
+        <source>Prism</source>
+        <translation>Prisma</translation>
+    </message>
+    <message>
+        <source>Beam 2</source>
+        <translation>Strahl 2</translation>
+    </message>
+    <message>
+        <source>Gobo 1</source>
+        <translation>Gobo 1</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Index</source>
+        <translation>Gobo 1 Index</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Rot</source>
+        <translation>Gobo 1 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Mode</source>
+        <translation>Gobo 1 Modus</translation>
+    </message>
+    <message>
+        <source>Gobo 2</source>
+        <translation>Gobo 2</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Index</source>
+        <translation>Gobo 2 Index</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Rot</source>
+        <translation>Gobo 2 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Mode</source>
+        <translation>Gobo 2 Modus</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Kante</translation>
+    </message>
+    <message>
+        <source>Iris</source>
+        <translation>Iris</translation>
+    </message>
+    <message>
+        <source>Frost</source>
+        <translation>Frost</translation>
+    </message>
+    <message>
+        <source>User 1</source>
+        <translation>Benutzer 1</translation>
+    </message>
+    <message>
+        <source>User 2</source>
+        <translation>Benutzer 2</translation>
+    </message>
+    <message>
+        <source>User 3</source>
+        <translation>Benutzer 3</translation>
+    </message>
+    <message>
+        <source>User 4</source>
+        <translation>Benutzer 4</translation>
+    </message>
+    <message>
+        <source>User 5</source>
+        <translation>Benutzer 5</translation>
+    </message>
+    <message>
+        <source>User 6</source>
+        <translation>Benutzer 6</translation>
+    </message>
+    <message>
+        <source>User 7</source>
+        <translation>Benutzer 7</translation>
+    </message>
+    <message>
+        <source>User 8</source>
+        <translation>Benutzer 8</translation>
+    </message>
+    <message>
+        <source>Effect 1</source>
+        <translation>Effekt 1</translation>
+    </message>
+    <message>
+        <source>Effect 1 Mode</source>
+        <translation>Effekt 1 Modus</translation>
+    </message>
+    <message>
+        <source>Effect 2</source>
+        <translation>Effekt 2</translation>
+    </message>
+    <message>
+        <source>Effect 2 Mode</source>
+        <translation>Effekt 2 Modus</translation>
+    </message>
+    <message>
+        <source>Blade 1A</source>
+        <translation>Blende 1A</translation>
+    </message>
+    <message>
+        <source>Blade 1B</source>
+        <translation>Blende 1B</translation>
+    </message>
+    <message>
+        <source>Blade 2A</source>
+        <translation>Blende 2A</translation>
+    </message>
+    <message>
+        <source>Blade 2B</source>
+        <translation>Blende 2B</translation>
+    </message>
+    <message>
+        <source>Blade 3A</source>
+        <translation>Blende 3A</translation>
+    </message>
+    <message>
+        <source>Blade 3B</source>
+        <translation>Blende 3B</translation>
+    </message>
+    <message>
+        <source>Blade 4A</source>
+        <translation>Blende 4A</translation>
+    </message>
+    <message>
+        <source>Blade 4B</source>
+        <translation>Blende 4B</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Drehung</translation>
+    </message>
+    <message>
+        <source>Macro 1</source>
+        <translation>Makro 1</translation>
+    </message>
+    <message>
+        <source>Macro 2</source>
+        <translation>Makro 2</translation>
+    </message>
+    <message>
+        <source>Macro 3</source>
+        <translation>Makro 3</translation>
     </message>
 </context>
 <context>
@@ -134,6 +299,46 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     <message>
         <source>PAGE</source>
         <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>InterfaceDialogClass</name>
+    <message>
+        <source>Lumidesk</source>
+        <translation>Lumidesk</translation>
+    </message>
+    <message>
+        <source>Select console type:</source>
+        <translation>Konsolentyp auswählen:</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Die neueste Software für Konsole und Lumidesk finden Sie unter &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar und Maple sind Marken von Glowcraft Lighting.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Run Lumidesk with a %1 console</source>
+        <translation>Lumidesk mit einer %1-Konsole verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>Lumidesk</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Verbindungsfehler</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>Die Softwareversion der Konsole passt nicht zur Softwareversion von Lumidesk.
+Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation>
+    </message>
+    <message>
+        <source>Critical error</source>
+        <translation>Kritischer Fehler</translation>
+    </message>
+    <message>
+        <source>Lumidesk failed to load the console selected!</source>
+        <translation>Lumidesk konnte die ausgewählte Konsole nicht laden!</translation>
     </message>
 </context>
 <context>
@@ -213,6 +418,62 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     <message>
         <source>PAGE</source>
         <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Verbindungsfehler</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Lumidesk beenden</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Showdatei speichern</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Showdateien (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>Die Glowcraft-Konsole muss im Normalmodus laufen, damit sie sich mit Lumidesk verbinden kann.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>Die Softwareversion der Konsole passt nicht zur Softwareversion von Lumidesk.
+Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>Möchten Sie Ihre Daten zuerst speichern?</translation>
+    </message>
+</context>
+<context>
+    <name>OutputView</name>
+    <message>
+        <source>Live</source>
+        <translation>Live</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT GER</translation>
+    </message>
+    <message>
+        <source>Set palette</source>
+        <translation>Palette setzen</translation>
     </message>
 </context>
 <context>
@@ -491,6 +752,17 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     <message>
         <source>The show could not be saved to %1!</source>
         <translation>Die Show konnte nicht unter %1 gespeichert werden!</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Sprache ändern</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>Sie müssen Lumidesk neu starten, damit die Sprachänderung wirksam wird!</translation>
     </message>
 </context>
 </TS>

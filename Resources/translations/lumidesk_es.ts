@@ -2,87 +2,252 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
-    <name>InterfaceDialogClass</name>
+    <name>ConsoleCache</name>
     <message>
-        <source>Lumidesk</source>
-        <translation>Lumidesk</translation>
+        <source>Cue</source>
+        <translation>Cue</translation>
     </message>
     <message>
-        <source>Select console type:</source>
-        <translation>Seleccione el tipo de consola:</translation>
+        <source>Focus</source>
+        <translation>Foco</translation>
     </message>
     <message>
-        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;El software más reciente de la consola y de Lumidesk está disponible en &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar y Maple son marcas comerciales de Glowcraft Lighting.&lt;/p&gt;</translation>
+        <source>Color</source>
+        <translation>Color</translation>
     </message>
     <message>
-        <source>Run Lumidesk with a %1 console</source>
-        <translation>Usar Lumidesk con una consola %1</translation>
-    </message>
-</context>
-<context>
-    <name>Lumidesk</name>
-    <message>
-        <source>Connection error</source>
-        <translation>Error de conexión</translation>
+        <source>Beam</source>
+        <translation>Haz</translation>
     </message>
     <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>La versión del software de la consola no coincide con la versión del software de Lumidesk.
-Actualice uno o ambos lados a versiones que coincidan.</translation>
-    </message>
-    <message>
-        <source>Critical error</source>
-        <translation>Error crítico</translation>
-    </message>
-    <message>
-        <source>Lumidesk failed to load the console selected!</source>
-        <translation>¡Lumidesk no ha podido cargar la consola seleccionada!</translation>
+        <source>User</source>
+        <translation>Usuario</translation>
     </message>
 </context>
 <context>
-    <name>MainFrame</name>
+    <name>DMXView</name>
     <message>
-        <source>Connection error</source>
-        <translation>Error de conexión</translation>
+        <source>Universe</source>
+        <translation>Universo</translation>
     </message>
     <message>
-        <source>Exit Lumidesk</source>
-        <translation>Salir de Lumidesk</translation>
+        <source>Output</source>
+        <translation>Salida</translation>
     </message>
     <message>
-        <source>Save showfile</source>
-        <translation>Guardar archivo de espectáculo</translation>
+        <source>Input</source>
+        <translation>Entrada</translation>
     </message>
     <message>
-        <source>Show files (*.asc)</source>
-        <translation>Archivos de espectáculo (*.asc)</translation>
+        <source>DMX Outputs</source>
+        <translation>Salidas DMX</translation>
     </message>
     <message>
-        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
-        <translation>La consola Glowcraft debe funcionar en modo Normal para poder conectarse a Lumidesk.</translation>
-    </message>
-    <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>La versión del software de la consola no coincide con la versión del software de Lumidesk.
-Actualice uno o ambos lados a versiones que coincidan.</translation>
-    </message>
-    <message>
-        <source>Would you like to save your data first?</source>
-        <translation>¿Desea guardar primero sus datos?</translation>
+        <source>DMX In/Out</source>
+        <translation>DMX Ent/Sal</translation>
     </message>
 </context>
 <context>
-    <name>TitleBar</name>
+    <name>DevicePart</name>
     <message>
-        <source>Change language</source>
-        <translation>Cambiar idioma</translation>
+        <source>Pan</source>
+        <translation>Pan</translation>
     </message>
     <message>
-        <source>You must restart Lumidesk in order for the language change to take effect!</source>
-        <translation>¡Debe reiniciar Lumidesk para que el cambio de idioma surta efecto!</translation>
+        <source>Tilt</source>
+        <translation>Tilt</translation>
+    </message>
+    <message>
+        <source>Pan Fine</source>
+        <translation>Pan fino</translation>
+    </message>
+    <message>
+        <source>Tilt Fine</source>
+        <translation>Tilt fino</translation>
+    </message>
+    <message>
+        <source>Red/Cyan</source>
+        <translation>Rojo/Cian</translation>
+    </message>
+    <message>
+        <source>Green/Mag</source>
+        <translation>Verde/Mag</translation>
+    </message>
+    <message>
+        <source>Blue/Yellow</source>
+        <translation>Azul/Amar</translation>
+    </message>
+    <message>
+        <source>Color 1</source>
+        <translation>Color 1</translation>
+    </message>
+    <message>
+        <source>Color 2</source>
+        <translation>Color 2</translation>
+    </message>
+    <message>
+        <source>Color Temp</source>
+        <translation>Temp color</translation>
+    </message>
+    <message>
+        <source>Color Effect</source>
+        <translation>Efecto col</translation>
+    </message>
+    <message>
+        <source>Shutter</source>
+        <translation>Obturador</translation>
+    </message>
+    <message>
+        <source>Prism</source>
+        <translation>Prisma</translation>
+    </message>
+    <message>
+        <source>Beam 2</source>
+        <translation>Haz 2</translation>
+    </message>
+    <message>
+        <source>Gobo 1</source>
+        <translation>Gobo 1</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Index</source>
+        <translation>Gobo 1 Índice</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Rot</source>
+        <translation>Gobo 1 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Mode</source>
+        <translation>Gobo 1 Modo</translation>
+    </message>
+    <message>
+        <source>Gobo 2</source>
+        <translation>Gobo 2</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Index</source>
+        <translation>Gobo 2 Índice</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Rot</source>
+        <translation>Gobo 2 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Mode</source>
+        <translation>Gobo 2 Modo</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Borde</translation>
+    </message>
+    <message>
+        <source>Iris</source>
+        <translation>Iris</translation>
+    </message>
+    <message>
+        <source>Frost</source>
+        <translation>Frost</translation>
+    </message>
+    <message>
+        <source>User 1</source>
+        <translation>Usuario 1</translation>
+    </message>
+    <message>
+        <source>User 2</source>
+        <translation>Usuario 2</translation>
+    </message>
+    <message>
+        <source>User 3</source>
+        <translation>Usuario 3</translation>
+    </message>
+    <message>
+        <source>User 4</source>
+        <translation>Usuario 4</translation>
+    </message>
+    <message>
+        <source>User 5</source>
+        <translation>Usuario 5</translation>
+    </message>
+    <message>
+        <source>User 6</source>
+        <translation>Usuario 6</translation>
+    </message>
+    <message>
+        <source>User 7</source>
+        <translation>Usuario 7</translation>
+    </message>
+    <message>
+        <source>User 8</source>
+        <translation>Usuario 8</translation>
+    </message>
+    <message>
+        <source>Effect 1</source>
+        <translation>Efecto 1</translation>
+    </message>
+    <message>
+        <source>Effect 1 Mode</source>
+        <translation>Efecto 1 Modo</translation>
+    </message>
+    <message>
+        <source>Effect 2</source>
+        <translation>Efecto 2</translation>
+    </message>
+    <message>
+        <source>Effect 2 Mode</source>
+        <translation>Efecto 2 Modo</translation>
+    </message>
+    <message>
+        <source>Blade 1A</source>
+        <translation>Cuchilla 1A</translation>
+    </message>
+    <message>
+        <source>Blade 1B</source>
+        <translation>Cuchilla 1B</translation>
+    </message>
+    <message>
+        <source>Blade 2A</source>
+        <translation>Cuchilla 2A</translation>
+    </message>
+    <message>
+        <source>Blade 2B</source>
+        <translation>Cuchilla 2B</translation>
+    </message>
+    <message>
+        <source>Blade 3A</source>
+        <translation>Cuchilla 3A</translation>
+    </message>
+    <message>
+        <source>Blade 3B</source>
+        <translation>Cuchilla 3B</translation>
+    </message>
+    <message>
+        <source>Blade 4A</source>
+        <translation>Cuchilla 4A</translation>
+    </message>
+    <message>
+        <source>Blade 4B</source>
+        <translation>Cuchilla 4B</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Rotación</translation>
+    </message>
+    <message>
+        <source>Macro 1</source>
+        <translation>Macro 1</translation>
+    </message>
+    <message>
+        <source>Macro 2</source>
+        <translation>Macro 2</translation>
+    </message>
+    <message>
+        <source>Macro 3</source>
+        <translation>Macro 3</translation>
     </message>
 </context>
 <context>
@@ -134,6 +299,46 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     <message>
         <source>PAGE</source>
         <translation>PÁGINA</translation>
+    </message>
+</context>
+<context>
+    <name>InterfaceDialogClass</name>
+    <message>
+        <source>Lumidesk</source>
+        <translation>Lumidesk</translation>
+    </message>
+    <message>
+        <source>Select console type:</source>
+        <translation>Seleccione el tipo de consola:</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;El software más reciente de la consola y de Lumidesk está disponible en &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar y Maple son marcas comerciales de Glowcraft Lighting.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Run Lumidesk with a %1 console</source>
+        <translation>Usar Lumidesk con una consola %1</translation>
+    </message>
+</context>
+<context>
+    <name>Lumidesk</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Error de conexión</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La versión del software de la consola no coincide con la versión del software de Lumidesk.
+Actualice uno o ambos lados a versiones que coincidan.</translation>
+    </message>
+    <message>
+        <source>Critical error</source>
+        <translation>Error crítico</translation>
+    </message>
+    <message>
+        <source>Lumidesk failed to load the console selected!</source>
+        <translation>¡Lumidesk no ha podido cargar la consola seleccionada!</translation>
     </message>
 </context>
 <context>
@@ -213,6 +418,62 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     <message>
         <source>PAGE</source>
         <translation>PÁGINA</translation>
+    </message>
+</context>
+<context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Error de conexión</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Salir de Lumidesk</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Guardar archivo de espectáculo</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Archivos de espectáculo (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>La consola Glowcraft debe funcionar en modo Normal para poder conectarse a Lumidesk.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La versión del software de la consola no coincide con la versión del software de Lumidesk.
+Actualice uno o ambos lados a versiones que coincidan.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>¿Desea guardar primero sus datos?</translation>
+    </message>
+</context>
+<context>
+    <name>OutputView</name>
+    <message>
+        <source>Live</source>
+        <translation>En vivo</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT DISP</translation>
+    </message>
+    <message>
+        <source>Set palette</source>
+        <translation>Aplicar paleta</translation>
     </message>
 </context>
 <context>
@@ -491,6 +752,17 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     <message>
         <source>The show could not be saved to %1!</source>
         <translation>¡No se pudo guardar el espectáculo en %1!</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Cambiar idioma</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>¡Debe reiniciar Lumidesk para que el cambio de idioma surta efecto!</translation>
     </message>
 </context>
 </TS>

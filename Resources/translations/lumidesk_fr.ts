@@ -2,87 +2,252 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
-    <name>InterfaceDialogClass</name>
+    <name>ConsoleCache</name>
     <message>
-        <source>Lumidesk</source>
-        <translation>Lumidesk</translation>
+        <source>Cue</source>
+        <translation>Cue</translation>
     </message>
     <message>
-        <source>Select console type:</source>
-        <translation>Sélectionnez le type de console :</translation>
+        <source>Focus</source>
+        <translation>Focus</translation>
     </message>
     <message>
-        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Les derniers logiciels de la console et de Lumidesk sont disponibles sur &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar et Maple sont des marques de Glowcraft Lighting.&lt;/p&gt;</translation>
+        <source>Color</source>
+        <translation>Couleur</translation>
     </message>
     <message>
-        <source>Run Lumidesk with a %1 console</source>
-        <translation>Utiliser Lumidesk avec une console %1</translation>
-    </message>
-</context>
-<context>
-    <name>Lumidesk</name>
-    <message>
-        <source>Connection error</source>
-        <translation>Erreur de connexion</translation>
+        <source>Beam</source>
+        <translation>Faisceau</translation>
     </message>
     <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>La version du logiciel de la console ne correspond pas à celle de Lumidesk.
-Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspondantes.</translation>
-    </message>
-    <message>
-        <source>Critical error</source>
-        <translation>Erreur critique</translation>
-    </message>
-    <message>
-        <source>Lumidesk failed to load the console selected!</source>
-        <translation>Lumidesk n'a pas pu charger la console sélectionnée !</translation>
+        <source>User</source>
+        <translation>Utilisateur</translation>
     </message>
 </context>
 <context>
-    <name>MainFrame</name>
+    <name>DMXView</name>
     <message>
-        <source>Connection error</source>
-        <translation>Erreur de connexion</translation>
+        <source>Universe</source>
+        <translation>Univers</translation>
     </message>
     <message>
-        <source>Exit Lumidesk</source>
-        <translation>Quitter Lumidesk</translation>
+        <source>Output</source>
+        <translation>Sortie</translation>
     </message>
     <message>
-        <source>Save showfile</source>
-        <translation>Enregistrer le fichier de spectacle</translation>
+        <source>Input</source>
+        <translation>Entrée</translation>
     </message>
     <message>
-        <source>Show files (*.asc)</source>
-        <translation>Fichiers de spectacle (*.asc)</translation>
+        <source>DMX Outputs</source>
+        <translation>Sorties DMX</translation>
     </message>
     <message>
-        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
-        <translation>La console Glowcraft doit fonctionner en mode Normal pour se connecter à Lumidesk.</translation>
-    </message>
-    <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>La version du logiciel de la console ne correspond pas à celle de Lumidesk.
-Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspondantes.</translation>
-    </message>
-    <message>
-        <source>Would you like to save your data first?</source>
-        <translation>Voulez-vous d'abord enregistrer vos données ?</translation>
+        <source>DMX In/Out</source>
+        <translation>DMX Ent/Sor</translation>
     </message>
 </context>
 <context>
-    <name>TitleBar</name>
+    <name>DevicePart</name>
     <message>
-        <source>Change language</source>
-        <translation>Changer de langue</translation>
+        <source>Pan</source>
+        <translation>Pan</translation>
     </message>
     <message>
-        <source>You must restart Lumidesk in order for the language change to take effect!</source>
-        <translation>Vous devez redémarrer Lumidesk pour que le changement de langue prenne effet !</translation>
+        <source>Tilt</source>
+        <translation>Tilt</translation>
+    </message>
+    <message>
+        <source>Pan Fine</source>
+        <translation>Pan fin</translation>
+    </message>
+    <message>
+        <source>Tilt Fine</source>
+        <translation>Tilt fin</translation>
+    </message>
+    <message>
+        <source>Red/Cyan</source>
+        <translation>Rouge/Cyan</translation>
+    </message>
+    <message>
+        <source>Green/Mag</source>
+        <translation>Vert/Mag</translation>
+    </message>
+    <message>
+        <source>Blue/Yellow</source>
+        <translation>Bleu/Jaune</translation>
+    </message>
+    <message>
+        <source>Color 1</source>
+        <translation>Couleur 1</translation>
+    </message>
+    <message>
+        <source>Color 2</source>
+        <translation>Couleur 2</translation>
+    </message>
+    <message>
+        <source>Color Temp</source>
+        <translation>Temp coul</translation>
+    </message>
+    <message>
+        <source>Color Effect</source>
+        <translation>Effet coul</translation>
+    </message>
+    <message>
+        <source>Shutter</source>
+        <translation>Obturateur</translation>
+    </message>
+    <message>
+        <source>Prism</source>
+        <translation>Prisme</translation>
+    </message>
+    <message>
+        <source>Beam 2</source>
+        <translation>Faisceau 2</translation>
+    </message>
+    <message>
+        <source>Gobo 1</source>
+        <translation>Gobo 1</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Index</source>
+        <translation>Gobo 1 Index</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Rot</source>
+        <translation>Gobo 1 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Mode</source>
+        <translation>Gobo 1 Mode</translation>
+    </message>
+    <message>
+        <source>Gobo 2</source>
+        <translation>Gobo 2</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Index</source>
+        <translation>Gobo 2 Index</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Rot</source>
+        <translation>Gobo 2 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Mode</source>
+        <translation>Gobo 2 Mode</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Netteté</translation>
+    </message>
+    <message>
+        <source>Iris</source>
+        <translation>Iris</translation>
+    </message>
+    <message>
+        <source>Frost</source>
+        <translation>Frost</translation>
+    </message>
+    <message>
+        <source>User 1</source>
+        <translation>Util 1</translation>
+    </message>
+    <message>
+        <source>User 2</source>
+        <translation>Util 2</translation>
+    </message>
+    <message>
+        <source>User 3</source>
+        <translation>Util 3</translation>
+    </message>
+    <message>
+        <source>User 4</source>
+        <translation>Util 4</translation>
+    </message>
+    <message>
+        <source>User 5</source>
+        <translation>Util 5</translation>
+    </message>
+    <message>
+        <source>User 6</source>
+        <translation>Util 6</translation>
+    </message>
+    <message>
+        <source>User 7</source>
+        <translation>Util 7</translation>
+    </message>
+    <message>
+        <source>User 8</source>
+        <translation>Util 8</translation>
+    </message>
+    <message>
+        <source>Effect 1</source>
+        <translation>Effet 1</translation>
+    </message>
+    <message>
+        <source>Effect 1 Mode</source>
+        <translation>Effet 1 Mode</translation>
+    </message>
+    <message>
+        <source>Effect 2</source>
+        <translation>Effet 2</translation>
+    </message>
+    <message>
+        <source>Effect 2 Mode</source>
+        <translation>Effet 2 Mode</translation>
+    </message>
+    <message>
+        <source>Blade 1A</source>
+        <translation>Couteau 1A</translation>
+    </message>
+    <message>
+        <source>Blade 1B</source>
+        <translation>Couteau 1B</translation>
+    </message>
+    <message>
+        <source>Blade 2A</source>
+        <translation>Couteau 2A</translation>
+    </message>
+    <message>
+        <source>Blade 2B</source>
+        <translation>Couteau 2B</translation>
+    </message>
+    <message>
+        <source>Blade 3A</source>
+        <translation>Couteau 3A</translation>
+    </message>
+    <message>
+        <source>Blade 3B</source>
+        <translation>Couteau 3B</translation>
+    </message>
+    <message>
+        <source>Blade 4A</source>
+        <translation>Couteau 4A</translation>
+    </message>
+    <message>
+        <source>Blade 4B</source>
+        <translation>Couteau 4B</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Rotation</translation>
+    </message>
+    <message>
+        <source>Macro 1</source>
+        <translation>Macro 1</translation>
+    </message>
+    <message>
+        <source>Macro 2</source>
+        <translation>Macro 2</translation>
+    </message>
+    <message>
+        <source>Macro 3</source>
+        <translation>Macro 3</translation>
     </message>
 </context>
 <context>
@@ -134,6 +299,46 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>PAGE</source>
         <translation>PAGE</translation>
+    </message>
+</context>
+<context>
+    <name>InterfaceDialogClass</name>
+    <message>
+        <source>Lumidesk</source>
+        <translation>Lumidesk</translation>
+    </message>
+    <message>
+        <source>Select console type:</source>
+        <translation>Sélectionnez le type de console :</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Les derniers logiciels de la console et de Lumidesk sont disponibles sur &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar et Maple sont des marques de Glowcraft Lighting.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Run Lumidesk with a %1 console</source>
+        <translation>Utiliser Lumidesk avec une console %1</translation>
+    </message>
+</context>
+<context>
+    <name>Lumidesk</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Erreur de connexion</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La version du logiciel de la console ne correspond pas à celle de Lumidesk.
+Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspondantes.</translation>
+    </message>
+    <message>
+        <source>Critical error</source>
+        <translation>Erreur critique</translation>
+    </message>
+    <message>
+        <source>Lumidesk failed to load the console selected!</source>
+        <translation>Lumidesk n'a pas pu charger la console sélectionnée !</translation>
     </message>
 </context>
 <context>
@@ -213,6 +418,62 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>PAGE</source>
         <translation>PAGE</translation>
+    </message>
+</context>
+<context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Erreur de connexion</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Quitter Lumidesk</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Enregistrer le fichier de spectacle</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Fichiers de spectacle (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>La console Glowcraft doit fonctionner en mode Normal pour se connecter à Lumidesk.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La version du logiciel de la console ne correspond pas à celle de Lumidesk.
+Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspondantes.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>Voulez-vous d'abord enregistrer vos données ?</translation>
+    </message>
+</context>
+<context>
+    <name>OutputView</name>
+    <message>
+        <source>Live</source>
+        <translation>Direct</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT APP</translation>
+    </message>
+    <message>
+        <source>Set palette</source>
+        <translation>Appliquer palette</translation>
     </message>
 </context>
 <context>
@@ -491,6 +752,17 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>The show could not be saved to %1!</source>
         <translation>Le spectacle n'a pas pu être enregistré dans %1 !</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Changer de langue</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>Vous devez redémarrer Lumidesk pour que le changement de langue prenne effet !</translation>
     </message>
 </context>
 </TS>

@@ -2,87 +2,252 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="it" sourcelanguage="en">
 <context>
-    <name>InterfaceDialogClass</name>
+    <name>ConsoleCache</name>
     <message>
-        <source>Lumidesk</source>
-        <translation>Lumidesk</translation>
+        <source>Cue</source>
+        <translation>Cue</translation>
     </message>
     <message>
-        <source>Select console type:</source>
-        <translation>Selezionare il tipo di console:</translation>
+        <source>Focus</source>
+        <translation>Fuoco</translation>
     </message>
     <message>
-        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Il software più recente per la console e per Lumidesk è disponibile su &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar e Maple sono marchi di Glowcraft Lighting.&lt;/p&gt;</translation>
+        <source>Color</source>
+        <translation>Colore</translation>
     </message>
     <message>
-        <source>Run Lumidesk with a %1 console</source>
-        <translation>Usare Lumidesk con una console %1</translation>
-    </message>
-</context>
-<context>
-    <name>Lumidesk</name>
-    <message>
-        <source>Connection error</source>
-        <translation>Errore di connessione</translation>
+        <source>Beam</source>
+        <translation>Fascio</translation>
     </message>
     <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>La versione del software della console non corrisponde alla versione del software di Lumidesk.
-Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
-    </message>
-    <message>
-        <source>Critical error</source>
-        <translation>Errore critico</translation>
-    </message>
-    <message>
-        <source>Lumidesk failed to load the console selected!</source>
-        <translation>Lumidesk non è riuscito a caricare la console selezionata!</translation>
+        <source>User</source>
+        <translation>Utente</translation>
     </message>
 </context>
 <context>
-    <name>MainFrame</name>
+    <name>DMXView</name>
     <message>
-        <source>Connection error</source>
-        <translation>Errore di connessione</translation>
+        <source>Universe</source>
+        <translation>Universo</translation>
     </message>
     <message>
-        <source>Exit Lumidesk</source>
-        <translation>Esci da Lumidesk</translation>
+        <source>Output</source>
+        <translation>Uscita</translation>
     </message>
     <message>
-        <source>Save showfile</source>
-        <translation>Salva file dello spettacolo</translation>
+        <source>Input</source>
+        <translation>Ingresso</translation>
     </message>
     <message>
-        <source>Show files (*.asc)</source>
-        <translation>File dello spettacolo (*.asc)</translation>
+        <source>DMX Outputs</source>
+        <translation>Uscite DMX</translation>
     </message>
     <message>
-        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
-        <translation>La console Glowcraft deve funzionare in modalità Normale per potersi collegare a Lumidesk.</translation>
-    </message>
-    <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>La versione del software della console non corrisponde alla versione del software di Lumidesk.
-Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
-    </message>
-    <message>
-        <source>Would you like to save your data first?</source>
-        <translation>Desidera salvare prima i dati?</translation>
+        <source>DMX In/Out</source>
+        <translation>DMX Ing/Usc</translation>
     </message>
 </context>
 <context>
-    <name>TitleBar</name>
+    <name>DevicePart</name>
     <message>
-        <source>Change language</source>
-        <translation>Cambia lingua</translation>
+        <source>Pan</source>
+        <translation>Pan</translation>
     </message>
     <message>
-        <source>You must restart Lumidesk in order for the language change to take effect!</source>
-        <translation>È necessario riavviare Lumidesk perché il cambio di lingua abbia effetto!</translation>
+        <source>Tilt</source>
+        <translation>Tilt</translation>
+    </message>
+    <message>
+        <source>Pan Fine</source>
+        <translation>Pan fine</translation>
+    </message>
+    <message>
+        <source>Tilt Fine</source>
+        <translation>Tilt fine</translation>
+    </message>
+    <message>
+        <source>Red/Cyan</source>
+        <translation>Rosso/Ciano</translation>
+    </message>
+    <message>
+        <source>Green/Mag</source>
+        <translation>Verde/Mag</translation>
+    </message>
+    <message>
+        <source>Blue/Yellow</source>
+        <translation>Blu/Giallo</translation>
+    </message>
+    <message>
+        <source>Color 1</source>
+        <translation>Colore 1</translation>
+    </message>
+    <message>
+        <source>Color 2</source>
+        <translation>Colore 2</translation>
+    </message>
+    <message>
+        <source>Color Temp</source>
+        <translation>Temp col</translation>
+    </message>
+    <message>
+        <source>Color Effect</source>
+        <translation>Effetto col</translation>
+    </message>
+    <message>
+        <source>Shutter</source>
+        <translation>Otturatore</translation>
+    </message>
+    <message>
+        <source>Prism</source>
+        <translation>Prisma</translation>
+    </message>
+    <message>
+        <source>Beam 2</source>
+        <translation>Fascio 2</translation>
+    </message>
+    <message>
+        <source>Gobo 1</source>
+        <translation>Gobo 1</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Index</source>
+        <translation>Gobo 1 Indice</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Rot</source>
+        <translation>Gobo 1 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 1 Mode</source>
+        <translation>Gobo 1 Modo</translation>
+    </message>
+    <message>
+        <source>Gobo 2</source>
+        <translation>Gobo 2</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Index</source>
+        <translation>Gobo 2 Indice</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Rot</source>
+        <translation>Gobo 2 Rot</translation>
+    </message>
+    <message>
+        <source>Gobo 2 Mode</source>
+        <translation>Gobo 2 Modo</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Bordo</translation>
+    </message>
+    <message>
+        <source>Iris</source>
+        <translation>Iride</translation>
+    </message>
+    <message>
+        <source>Frost</source>
+        <translation>Frost</translation>
+    </message>
+    <message>
+        <source>User 1</source>
+        <translation>Utente 1</translation>
+    </message>
+    <message>
+        <source>User 2</source>
+        <translation>Utente 2</translation>
+    </message>
+    <message>
+        <source>User 3</source>
+        <translation>Utente 3</translation>
+    </message>
+    <message>
+        <source>User 4</source>
+        <translation>Utente 4</translation>
+    </message>
+    <message>
+        <source>User 5</source>
+        <translation>Utente 5</translation>
+    </message>
+    <message>
+        <source>User 6</source>
+        <translation>Utente 6</translation>
+    </message>
+    <message>
+        <source>User 7</source>
+        <translation>Utente 7</translation>
+    </message>
+    <message>
+        <source>User 8</source>
+        <translation>Utente 8</translation>
+    </message>
+    <message>
+        <source>Effect 1</source>
+        <translation>Effetto 1</translation>
+    </message>
+    <message>
+        <source>Effect 1 Mode</source>
+        <translation>Effetto 1 Modo</translation>
+    </message>
+    <message>
+        <source>Effect 2</source>
+        <translation>Effetto 2</translation>
+    </message>
+    <message>
+        <source>Effect 2 Mode</source>
+        <translation>Effetto 2 Modo</translation>
+    </message>
+    <message>
+        <source>Blade 1A</source>
+        <translation>Lama 1A</translation>
+    </message>
+    <message>
+        <source>Blade 1B</source>
+        <translation>Lama 1B</translation>
+    </message>
+    <message>
+        <source>Blade 2A</source>
+        <translation>Lama 2A</translation>
+    </message>
+    <message>
+        <source>Blade 2B</source>
+        <translation>Lama 2B</translation>
+    </message>
+    <message>
+        <source>Blade 3A</source>
+        <translation>Lama 3A</translation>
+    </message>
+    <message>
+        <source>Blade 3B</source>
+        <translation>Lama 3B</translation>
+    </message>
+    <message>
+        <source>Blade 4A</source>
+        <translation>Lama 4A</translation>
+    </message>
+    <message>
+        <source>Blade 4B</source>
+        <translation>Lama 4B</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Rotazione</translation>
+    </message>
+    <message>
+        <source>Macro 1</source>
+        <translation>Macro 1</translation>
+    </message>
+    <message>
+        <source>Macro 2</source>
+        <translation>Macro 2</translation>
+    </message>
+    <message>
+        <source>Macro 3</source>
+        <translation>Macro 3</translation>
     </message>
 </context>
 <context>
@@ -134,6 +299,46 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     <message>
         <source>PAGE</source>
         <translation>PAGINA</translation>
+    </message>
+</context>
+<context>
+    <name>InterfaceDialogClass</name>
+    <message>
+        <source>Lumidesk</source>
+        <translation>Lumidesk</translation>
+    </message>
+    <message>
+        <source>Select console type:</source>
+        <translation>Selezionare il tipo di console:</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;The latest console and Lumidesk software is available at &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar and Maple are trademarks of Glowcraft Lighting.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Il software più recente per la console e per Lumidesk è disponibile su &lt;a href="https://www.glowcraft-lighting.com/software"&gt;www.glowcraft-lighting.com/software&lt;/a&gt;.&lt;/p&gt;&lt;p style="color:#808080"&gt;Glowcraft, Alder, Birch, Cedar e Maple sono marchi di Glowcraft Lighting.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Run Lumidesk with a %1 console</source>
+        <translation>Usare Lumidesk con una console %1</translation>
+    </message>
+</context>
+<context>
+    <name>Lumidesk</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Errore di connessione</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La versione del software della console non corrisponde alla versione del software di Lumidesk.
+Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
+    </message>
+    <message>
+        <source>Critical error</source>
+        <translation>Errore critico</translation>
+    </message>
+    <message>
+        <source>Lumidesk failed to load the console selected!</source>
+        <translation>Lumidesk non è riuscito a caricare la console selezionata!</translation>
     </message>
 </context>
 <context>
@@ -213,6 +418,62 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     <message>
         <source>PAGE</source>
         <translation>PAGINA</translation>
+    </message>
+</context>
+<context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Errore di connessione</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Esci da Lumidesk</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Salva file dello spettacolo</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>File dello spettacolo (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>La console Glowcraft deve funzionare in modalità Normale per potersi collegare a Lumidesk.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La versione del software della console non corrisponde alla versione del software di Lumidesk.
+Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>Desidera salvare prima i dati?</translation>
+    </message>
+</context>
+<context>
+    <name>OutputView</name>
+    <message>
+        <source>Live</source>
+        <translation>Live</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT DISP</translation>
+    </message>
+    <message>
+        <source>Set palette</source>
+        <translation>Imposta tavolozza</translation>
     </message>
 </context>
 <context>
@@ -491,6 +752,17 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     <message>
         <source>The show could not be saved to %1!</source>
         <translation>Non è stato possibile salvare lo spettacolo in %1!</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Cambia lingua</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>È necessario riavviare Lumidesk perché il cambio di lingua abbia effetto!</translation>
     </message>
 </context>
 </TS>
