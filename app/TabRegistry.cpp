@@ -1,10 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TabRegistry.h"
 
+#include "MainFrame.h"
+#include "SequencesView.h"
+
 const TabRegistry& TabRegistry::standard()
 {
     // Each editor view adds its factory to this table as it is written.
-    static const TabRegistry views;
+    static const TabRegistry views = [] {
+        TabRegistry table;
+        table.setFactory(MainFrame::SequencesTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return static_cast<Tab*>(new SequencesView(window, bar));
+        });
+        return table;
+    }();
     return views;
 }
 
