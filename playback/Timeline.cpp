@@ -186,12 +186,22 @@ void Timeline::paintTextPanel(QPainter* painter, const Reading& reading) const
         painter->drawText(QRectF(415, y, 80, 16), Qt::AlignRight, label + QLatin1Char(':'));
         painter->drawText(QRectF(495, y, 40, 15), Qt::AlignRight, value);
     };
-    row(20, tr("UP"), ConsoleCache::timeText(reading.remainingUp));
-    row(36, tr("DOWN"), ConsoleCache::timeText(reading.remainingDown));
-    row(52, tr("WAIT"), ConsoleCache::timeText(reading.remainingWait));
-    painter->setPen(rateColour);
-    row(68, tr("RATE"), QString::number(reading.ratePercent) + QLatin1Char('%'));
-    row(84, tr("FADE"), QString::number(reading.fadePercent) + QLatin1Char('%'));
+    const QStringList values = panelValues(reading);
+    const QString labels[] = {tr("UP"), tr("DOWN"), tr("WAIT"), tr("RATE"), tr("FADE")};
+    for (int i = 0; i < 5; ++i) {
+        if (i == 3)
+            painter->setPen(rateColour);
+        row(20 + 16 * i, labels[i], values[i]);
+    }
+}
+
+QStringList Timeline::panelValues(const Reading& reading)
+{
+    return {ConsoleCache::timeText(reading.remainingUp),
+            ConsoleCache::timeText(reading.remainingDown),
+            ConsoleCache::timeText(reading.remainingWait),
+            QString::number(reading.ratePercent) + QLatin1Char('%'),
+            QString::number(reading.fadePercent) + QLatin1Char('%')};
 }
 
 void Timeline::paintFade(QPainter* painter, const Reading& reading) const

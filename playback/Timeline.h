@@ -6,6 +6,7 @@
 #include <QGraphicsItem>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 class ConsoleButton;
 
@@ -51,6 +52,8 @@ public:
 
     // The playback state as the next paint will draw it.
     Reading read() const;
+    // The values of the text panel's rows: up, down, wait, rate, fade.
+    static QStringList panelValues(const Reading& reading);
     // Grid x of a fraction of the fade.
     static int fractionX(double fraction);
 

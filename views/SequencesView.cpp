@@ -25,7 +25,9 @@ QString linkText(const QString& text)
 
 QString withName(const QString& title, const QString& name)
 {
-    return name.trimmed().isEmpty() ? title : title + QStringLiteral(", ") + name;
+    // Names are padded lines; the menu shows them as one line of words.
+    const QString words = name.simplified();
+    return words.isEmpty() ? title : title + QStringLiteral(", ") + words;
 }
 } // namespace
 
@@ -116,8 +118,10 @@ QMenu* SequencesView::createSequenceMenu(QWidget* parent) const
 void SequencesView::openSequenceMenu(const QPoint& at)
 {
     QMenu* menu = createSequenceMenu(this);
-    if (const QAction* chosen = menu->exec(at))
-        chooseMenuEntry(chosen->data().toString());
+    // The top menu hears the entries of its submenus too.
+    connect(menu, &QMenu::triggered, this,
+            [this](QAction* chosen) { chooseMenuEntry(chosen->data().toString()); });
+    menu->exec(at);
     delete menu;
 }
 
