@@ -5,6 +5,7 @@
 
 #include <QGraphicsItem>
 #include <QObject>
+#include <QPixmap>
 #include <QString>
 #include <QStringList>
 
@@ -64,13 +65,17 @@ public slots:
     void consoleCachePlaybackUpdated();
 
 private:
+    // Frame, grid, scale and panel labels never change: drawn once.
+    QPixmap drawLayer() const;
     void paintGrid(QPainter* painter) const;
     void paintScale(QPainter* painter) const;
-    void paintTextPanel(QPainter* painter, const Reading& reading) const;
+    void paintPanelLabels(QPainter* painter) const;
+    void paintPanelValues(QPainter* painter, const Reading& reading) const;
     void paintFade(QPainter* painter, const Reading& reading) const;
 
     Console::Sequence shown;
     qreal extra;
     ConsoleButton* go = nullptr;
     ConsoleButton* pause = nullptr;
+    QPixmap layer;
 };
