@@ -140,6 +140,7 @@ private slots:
     void contextMenuKeepsToTheLimits_data();
     void contextMenuKeepsToTheLimits();
     void stepsInsertedThroughTheMenuReachTheEngine();
+    void panelRecordsIntoTheSequenceItsFlashKeyPicked();
 
 private:
     std::unique_ptr<PanelConsole> console;
@@ -372,6 +373,26 @@ void TestCuelist::stepsInsertedThroughTheMenuReachTheEngine()
         QCOMPARE(int(step.cueNumber), (before + i + 1) * 10);
     }
     ConsoleLink::setConsole(nullptr);
+}
+
+void TestCuelist::panelRecordsIntoTheSequenceItsFlashKeyPicked()
+{
+    console.reset();
+    EngineSession session(QStringLiteral("glowEngine"), 0); // Alder: sequences on faders 13-24
+    const SequenceRecord& record = session.record()->sequences[3];
+    const int before = record.stepCount;
+    session.tap(63);   // memories mode
+    session.press(74); // "Rec Seq"
+    for (int flashKey : {15, 2, 5})
+        session.tap(flashKey);
+    session.release(74);
+    session.tap(6); // plays memory 7, records nothing
+    QVERIFY(session.step());
+    QCOMPARE(int(record.stepCount), before + 2);
+    QCOMPARE(record.steps[before].contentType, ConsoleCache::StepMemory);
+    QCOMPARE(int(record.steps[before].contentIndex), 2);
+    QCOMPARE(int(record.steps[before + 1].contentIndex), 5);
+    QCOMPARE(record.steps[before + 1].cueNumber, record.steps[before].cueNumber + 10);
 }
 
 int main(int argc, char** argv)
