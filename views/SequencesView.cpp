@@ -2,6 +2,8 @@
 #include "SequencesView.h"
 
 #include "ConsoleLink.h"
+#include "Cuelist.h"
+#include "Cuematrix.h"
 #include "PagesBlock.h"
 #include "SequencesViewFeature.h"
 #include "Timeline.h"
@@ -12,6 +14,7 @@
 
 namespace {
 constexpr QPointF timelinePos(0, 5);
+constexpr QPointF cuelistPos(0, 120);
 constexpr QPointF pagesPos(588, 0);
 constexpr int pagesMode = 3;
 const QString stackData = QStringLiteral("Stack");
@@ -41,6 +44,11 @@ SequencesView::SequencesView(QWidget* parent, TitleBar* bar) : QGraphicsView(par
 
     timelineBlock = new Timeline(&scene);
     timelineBlock->setPos(timelinePos);
+    list =
+        new Cuelist(&scene, stackListRows, ConsoleLink::consoleType() == ConsoleCache::ModelMaple);
+    list->setPos(cuelistPos);
+    matrix = new Cuematrix(&scene, stackMatrixLines, parent);
+    matrix->setPos(stackMatrixPos);
     const ConsoleCache* cache = ConsoleLink::cache();
     const int first = cache ? cache->firstSequenceFader() : 0;
     const int count = cache ? cache->sequenceFaderCount() : 0;
@@ -68,7 +76,13 @@ bool SequencesView::isValidSequence(Console::Sequence sequence)
 void SequencesView::setSequence(Console::Sequence sequence)
 {
     current = sequence;
+    const bool stack = sequence.isStack();
+    list->setRowCount(stack ? stackListRows : sequenceListRows);
+    matrix->setPos(stack ? stackMatrixPos : sequenceMatrixPos);
+    matrix->setVisibleLines(stack ? stackMatrixLines : sequenceMatrixLines);
     timelineBlock->setSequence(sequence);
+    list->setSequence(sequence);
+    matrix->setSequence(sequence);
     if (featureWidget)
         featureWidget->setText(featureText());
     fitScene();

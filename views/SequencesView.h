@@ -12,14 +12,17 @@
 #include <QGraphicsView>
 #include <QPointer>
 
+class Cuelist;
+class Cuematrix;
 class PagesBlock;
 class QMenu;
 class Timeline;
 class TitleBar;
 
 // The tab in which one sequence or the stack is edited: its timeline on top,
-// and on the right the pages block whose sequence faders open a sequence
-// here. The tab strip's link and other views choose the sequence too.
+// the cue list and the cue matrix below it, and on the right the pages block
+// whose sequence faders open a sequence here. The tab strip's link and other views choose the
+// sequence too.
 class SequencesView : public QGraphicsView,
                       public Tab,
                       public TitleBarHandler,
@@ -46,6 +49,8 @@ public:
     static bool isValidSequence(Console::Sequence sequence);
 
     Timeline* timeline() const { return timelineBlock; }
+    Cuelist* cuelist() const { return list; }
+    Cuematrix* cuematrix() const { return matrix; }
     PagesBlock* pagesBlock() const { return pages; }
     SequencesViewFeature* feature() const { return featureWidget; }
     QString featureText() const;
@@ -81,5 +86,7 @@ private:
     Console::Sequence current;
     QPointer<SequencesViewFeature> featureWidget;
     Timeline* timelineBlock = nullptr;
+    Cuelist* list = nullptr;
+    Cuematrix* matrix = nullptr;
     PagesBlock* pages = nullptr;
 };
