@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "../frontpanel/PanelTestKit.h"
 
+#include "Cuelist.h"
+#include "Cuematrix.h"
 #include "EngineSession.h"
 #include "Lumidesk.h"
 #include "MainFrame.h"
@@ -15,38 +17,35 @@ namespace {
 // The fade colour a pixel shows: "up", "down", "cursor" or "-".
 QString inkAt(const QImage& image, int x, int y)
 {
-    const QColor c = image.pixelColor(x, y);
-    const std::pair<const char*, QColor> inks[] = {{"up", QColor(94, 77, 187)},
-                                                   {"down", QColor(169, 169, 92)},
-                                                   {"cursor", QColor(145, 69, 69)}};
-    for (const auto& [name, ink] : inks)
-        if (qAbs(c.red() - ink.red()) + qAbs(c.green() - ink.green()) +
-                qAbs(c.blue() - ink.blue()) <
-            40)
-            return QLatin1String(name);
-    return QStringLiteral("-");
+    const QRgb inks[] = {qRgb(94, 77, 187), qRgb(169, 169, 92), qRgb(145, 69, 69)};
+    const int i = int(std::find(inks, inks + 3, image.pixel(x, y)) - inks);
+    return QStringList({"up", "down", "cursor", "-"})[i];
 }
 
-QString keyText(Console::Sequence s)
+// What the view and its blocks show, and where the matrix went.
+QString shownState(const SequencesView* view)
 {
-    return QStringLiteral("%1/%2").arg(s.page).arg(s.fader);
+    QStringList keys;
+    for (const Console::Sequence s : {view->sequence(), view->timeline()->sequence(),
+                                      view->cuelist()->sequence(), view->cuematrix()->sequence()})
+        keys << QStringLiteral("%1/%2").arg(s.page).arg(s.fader);
+    return keys.join(QLatin1Char(' ')) + QStringLiteral(" %1 rows, matrix at %2 with %3 lines")
+                                             .arg(view->cuelist()->rowCount())
+                                             .arg(view->cuematrix()->y())
+                                             .arg(view->cuematrix()->visibleLines());
 }
 
 struct FadeCase
 {
     const char* name;
     int page, nextStep, upTime, downTime, upProgress, downProgress, rate;
-    const char* inks;  // "x,y=ink" pairs
-    const char* panel; // up, down, wait, rate, fade
+    const char *inks, *panel; // "x,y=ink" pairs; up, down, wait, rate, fade
 };
 
 struct ChoiceCase
 {
-    const char* name;
-    const char* via; // menu, data, show, pages
-    const char* argument;
-    const char* shown;   // page/fader afterwards
-    const char* feature; // end of the tab strip's link
+    // via menu, data, show or pages; shown: page/fader; feature: its link's end
+    const char *name, *via, *argument, *shown, *feature;
 };
 
 } // namespace
@@ -92,17 +91,10 @@ void TestSequencesView::timelineDrawsTheFade()
         step->upTime = quint16(c.upTime);
         step->downTime = quint16(c.downTime);
     }
-    PlaybackRecord& playback = r->playbacks[r->sequenceFaderCount];
-    playback = {quint8(c.nextStep),
-                1,
-                quint8(c.downProgress),
-                quint8(c.upProgress),
-                {},
-                quint16(c.rate),
-                256,
-                0,
-                0,
-                0};
+    PlaybackRecord& p = r->playbacks[r->sequenceFaderCount];
+    std::tie(p.nextStep, p.downProgress, p.upProgress) =
+        std::tuple(quint8(c.nextStep), quint8(c.downProgress), quint8(c.upProgress));
+    p.rate = quint16(c.rate);
     QGraphicsScene scene;
     Timeline timeline(&scene, 7);
     timeline.setSequence(shown);
@@ -144,8 +136,7 @@ void TestSequencesView::sequenceIsChosen()
     console.nameEverything();
     MainFrame window;
     auto* view = dynamic_cast<SequencesView*>(window.tabStrip()->tab(0));
-    QVERIFY(view);
-    QVERIFY(view->feature());
+    QVERIFY(view && view->feature());
     view->setSequence(Console::Sequence(1, 1));
     const QString via = QString::fromLatin1(c.via);
     const QStringList numbers = QString::fromLatin1(c.argument).split(QLatin1Char('/'));
@@ -170,8 +161,11 @@ void TestSequencesView::sequenceIsChosen()
     } else {
         view->openSequence(numbers[0].toInt(), numbers[1].toInt());
     }
-    QCOMPARE(keyText(view->sequence()), QString::fromLatin1(c.shown));
-    QCOMPARE(keyText(view->timeline()->sequence()), QString::fromLatin1(c.shown));
+    const bool stack = QLatin1String(c.shown) == QLatin1String("-1/-1");
+    QCOMPARE(shownState(view),
+             QStringList(4, QString::fromLatin1(c.shown)).join(QLatin1Char(' ')) +
+                 (stack ? QStringLiteral(" 12 rows, matrix at 400 with 11 lines")
+                        : QStringLiteral(" 26 rows, matrix at 695 with 4 lines")));
     QVERIFY2(
         view->feature()->text().endsWith(QLatin1String(c.feature) + QLatin1String("</font></a>")),
         qPrintable(view->feature()->text()));
@@ -185,15 +179,13 @@ void TestSequencesView::panelPlaysASequence()
     session.engine()->newShow(); // the state of an earlier run goes
     // Three steps of 2 s up, 1 s down and no wait in the empty sequence of
     // fader 14 on page 1, in Manual mode: only the flash key moves it on.
+    std::tie(session.record()->defaultUpFade, session.record()->defaultDownFade) =
+        std::pair(20, 10);
+    session.console()->systemSettingsChanged();
     for (int i = 0; i < 3; ++i)
         QVERIFY(cache->insertStep(0, 1, i, 10 * (i + 1), ConsoleCache::StepChannel, quint16(i)));
     QVERIFY(session.step());
     QCOMPARE(cache->stepCount(0, 1), 3);
-    for (int i = 0; i < 3; ++i) {
-        StepRecord* step = cache->step(0, 1, i);
-        *step = {step->cueNumber, step->contentIndex, step->contentType, 20, 10, 0, 0, 0};
-        session.console()->sequenceStepChanged(Console::Sequence(0, 1), i);
-    }
     cache->setSequenceMode(0, 1, 2);
     SequencesView view(nullptr, nullptr);
     view.showSequence(Console::Sequence(0, 1));
@@ -201,9 +193,11 @@ void TestSequencesView::panelPlaysASequence()
     QStringList seen;
     const auto look = [&] {
         const Timeline::Reading reading = view.timeline()->read();
-        seen << QStringLiteral("live %1 next %2 up %3 %4")
+        seen << QStringLiteral("live %1 next %2 list %3/%4 up %5 %6")
                     .arg(playback.afterLiveStep - 1)
                     .arg(playback.nextStep)
+                    .arg(view.cuelist()->stepOfRow(1))
+                    .arg(view.cuelist()->stepOfRow(2))
                     .arg(playback.upProgress)
                     .arg(Timeline::panelValues(reading).join(QLatin1Char(' ')));
     };
@@ -218,10 +212,11 @@ void TestSequencesView::panelPlaysASequence()
         QVERIFY(session.step(500));
         look();
     }
-    QCOMPARE(seen, QStringList({QStringLiteral("live 0 next 1 up 127 1 0 0 100% 100%"),
-                                QStringLiteral("live 0 next 1 up 255 0 0 0 100% 100%"),
-                                QStringLiteral("live 1 next 2 up 63 1.5 0.5 0 100% 100%"),
-                                QStringLiteral("live 2 next 3 up 63 1.5 0.5 0 100% 100%")}));
+    QCOMPARE(seen,
+             QStringList({QStringLiteral("live 0 next 1 list 0/1 up 127 1 0 0 100% 100%"),
+                          QStringLiteral("live 0 next 1 list 0/1 up 255 0 0 0 100% 100%"),
+                          QStringLiteral("live 1 next 2 list 1/2 up 63 1.5 0.5 0 100% 100%"),
+                          QStringLiteral("live 2 next 3 list 2/-1 up 63 1.5 0.5 0 100% 100%")}));
     ConsoleLink::setConsole(nullptr);
 }
 
