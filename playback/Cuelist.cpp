@@ -209,11 +209,11 @@ void Cuelist::refreshRows()
 {
     const ConsoleCache* cache = ConsoleLink::cache();
     const int count = stepCount();
-    rowViews.resize(rows);
+    rowViews.resize(std::size_t(rows));
     for (int row = 0; row < rows; ++row) {
         const int step = stepOfRow(row, rows, next, afterLive, count);
         const StepRecord* record = step >= 0 ? cache->step(shown.page, shown.fader, step) : nullptr;
-        RowView& view = rowViews[row];
+        RowView& view = rowViews[std::size_t(row)];
         view.valid = record != nullptr;
         view.number = record ? cache->stepNumberText(shown.page, shown.fader, step) : QString();
         view.label =
@@ -327,33 +327,29 @@ void Cuelist::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*
     paintBands(painter);
     painter->restore();
     paintHeader(painter);
-    painter->setFont(rowFont());
-    painter->setPen(liveColour);
     const ColumnSpec& first = columns[ModeColumn];
-    painter->drawText(QRectF(first.x, 37, first.width - textShrink, rowHeight),
-                      Qt::AlignRight | Qt::AlignVCenter, tr("LIVE"));
-    painter->setPen(nextColour);
-    painter->drawText(QRectF(first.x, 58, first.width - textShrink, rowHeight),
-                      Qt::AlignRight | Qt::AlignVCenter, tr("NEXT"));
-    for (int row = 0; row < rows && row < rowViews.size(); ++row) {
-        if (rowViews[row].valid)
+    liveText.draw(painter, QRectF(first.x, 37, first.width - textShrink, rowHeight),
+                  Qt::AlignRight | Qt::AlignVCenter, tr("LIVE"), rowFont(), liveColour);
+    nextText.draw(painter, QRectF(first.x, 58, first.width - textShrink, rowHeight),
+                  Qt::AlignRight | Qt::AlignVCenter, tr("NEXT"), rowFont(), nextColour);
+    for (int row = 0; row < rows && row < int(rowViews.size()); ++row) {
+        if (rowViews[std::size_t(row)].valid)
             paintRow(painter, row);
     }
 }
 
-void Cuelist::paintHeader(QPainter* painter) const
+void Cuelist::paintHeader(QPainter* painter)
 {
-    painter->setFont(headerFont());
-    painter->setPen(Qt::white);
     const int last = details ? AffectsColumn : WaitColumn;
     for (int c = StepColumn; c <= last; ++c) {
         const ColumnSpec& spec = columns[std::size_t(c)];
         if (!spec.title)
             continue;
         const bool left = c == ContentColumn || c == AffectsColumn;
-        painter->drawText(QRectF(spec.x + textInset, 0, spec.width - textShrink, headerHeight),
-                          (left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
-                          tr(spec.title));
+        headerTexts[std::size_t(c)].draw(
+            painter, QRectF(spec.x + textInset, 0, spec.width - textShrink, headerHeight),
+            (left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter, tr(spec.title),
+            headerFont(), Qt::white);
     }
 }
 
@@ -374,17 +370,20 @@ void Cuelist::paintBands(QPainter* painter) const
     }
 }
 
-void Cuelist::paintRow(QPainter* painter, int row) const
+void Cuelist::paintRow(QPainter* painter, int row)
 {
-    const RowView& view = rowViews[row];
+    RowView& view = rowViews[std::size_t(row)];
     const bool bright = isBright(row);
-    painter->setPen(bright ? QColor(Qt::white) : dimText);
-    painter->drawText(cellRect(StepColumn, row), Qt::AlignRight | Qt::AlignVCenter, view.number);
-    painter->drawText(cellRect(TypeColumn, row), Qt::AlignLeft | Qt::AlignVCenter, view.label);
+    const QColor ink = bright ? QColor(Qt::white) : dimText;
+    view.numberText.draw(painter, cellRect(StepColumn, row), Qt::AlignRight | Qt::AlignVCenter,
+                         view.number, rowFont(), ink);
+    view.labelText.draw(painter, cellRect(TypeColumn, row), Qt::AlignLeft | Qt::AlignVCenter,
+                        view.label, rowFont(), ink);
     if (!details)
         return;
     if (view.flags & darkBit)
-        painter->drawText(cellRect(MoveColumn, row), Qt::AlignRight | Qt::AlignVCenter, tr("dark"));
+        view.darkText.draw(painter, cellRect(MoveColumn, row), Qt::AlignRight | Qt::AlignVCenter,
+                           tr("dark"), rowFont(), ink);
     const ColumnSpec& affects = columns[AffectsColumn];
     const qreal boxWidth = (affects.width - textShrink) / 5.0;
     QColor fill = flagFill;
@@ -395,8 +394,9 @@ void Cuelist::paintRow(QPainter* painter, int row) const
         const QRectF box(affects.x + textInset + qreal(k) * boxWidth,
                          headerHeight + rowHeight * row + 1, boxWidth - 2, flagBoxHeight);
         painter->fillRect(box, fill);
-        painter->setPen(bright ? QColor(Qt::white) : dimFlagText);
-        painter->drawText(box, Qt::AlignCenter, QLatin1String(flagBoxes[k].letters));
+        view.flagTexts[k].draw(painter, box, Qt::AlignHCenter | Qt::AlignVCenter,
+                               QLatin1String(flagBoxes[k].letters), rowFont(),
+                               bright ? QColor(Qt::white) : dimFlagText);
     }
 }
 

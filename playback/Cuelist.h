@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "CellText.h"
 #include "Console.h"
 #include "DropdownHandler.h"
 #include "InPlaceEditableTextHandler.h"
@@ -12,6 +13,7 @@
 #include <QString>
 
 #include <array>
+#include <vector>
 
 class ConsoleButton;
 class ConsoleCache;
@@ -68,13 +70,18 @@ public:
         int x;
     };
 
-    // The table of one row for painting, read when the steps change.
+    // The texts of one row for painting, read when the steps change; each
+    // keeps its rendering, since a running fade repaints the list often.
     struct RowView
     {
         bool valid = false;
         QString number;
         QString label;
         quint8 flags = 0;
+        CellText numberText;
+        CellText labelText;
+        CellText darkText;
+        std::array<CellText, 5> flagTexts;
     };
 
     Cuelist(QGraphicsScene* scene, int rows, bool showDetails, float extraHeight = 0);
@@ -126,9 +133,9 @@ private:
     void refreshRows();
     void refreshModeLabel();
     void refreshAndRepaint();
-    void paintHeader(QPainter* painter) const;
+    void paintHeader(QPainter* painter);
     void paintBands(QPainter* painter) const;
-    void paintRow(QPainter* painter, int row) const;
+    void paintRow(QPainter* painter, int row);
     QRectF cellRect(int column, int row) const;
     StepRecord* stepRecord(int step) const;
     static QString modeName(int mode);
@@ -141,7 +148,10 @@ private:
     int next = 0;
     int afterLive = 0;
     std::array<QList<InPlaceEditableText*>, textListCount> texts;
-    QList<RowView> rowViews;
+    std::vector<RowView> rowViews;
+    std::array<CellText, columnCount> headerTexts;
+    CellText liveText;
+    CellText nextText;
     Dropdown* mode = nullptr;
     ConsoleButton* nextKeyButton = nullptr;
 };

@@ -298,6 +298,139 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>Stack/Seq Edit</source>
         <translation>Édition Stack/Séq</translation>
+    <name>Cuelist</name>
+    <message>
+        <source>Step</source>
+        <translation>Pas</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenu</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Montée</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Descente</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Attente</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Déplacer</translation>
+    </message>
+    <message>
+        <source>Affects</source>
+        <translation>Affecte</translation>
+    </message>
+    <message>
+        <source>NEXT</source>
+        <translation>NEXT</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>One Shot</source>
+        <translation>Une fois</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuel</translation>
+    </message>
+    <message>
+        <source>LIVE</source>
+        <translation>LIVE</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>noir</translation>
+    </message>
+</context>
+<context>
+    <name>Cuematrix</name>
+    <message>
+        <source>[empty]</source>
+        <translation>[vide]</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Insérer un pas</translation>
+    </message>
+    <message>
+        <source>No space to insert a cue here</source>
+        <translation>Pas de place pour insérer une cue ici</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Supprimer le pas</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>Êtes-vous sûr ?</translation>
+    </message>
+    <message>
+        <source>Move step</source>
+        <translation>Déplacer le pas</translation>
+    </message>
+    <message>
+        <source>No space to move a cue here</source>
+        <translation>Pas de place pour déplacer une cue ici</translation>
+    </message>
+</context>
+<context>
+    <name>InsertSequenceStepDialogClass</name>
+    <message>
+        <source>Insert sequence step</source>
+        <translation>Insérer un pas de séquence</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Circuit</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Mémoire</translation>
+    </message>
+    <message>
+        <source>Direct cue</source>
+        <translation>Cue directe</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numéro de cue</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Insérer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>movesequencestepdialogClass</name>
+    <message>
+        <source>Move sequence step</source>
+        <translation>Déplacer un pas de séquence</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numéro de cue</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Déplacer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 </TS>

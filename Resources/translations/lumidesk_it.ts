@@ -298,6 +298,139 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     <message>
         <source>Stack/Seq Edit</source>
         <translation>Modifica Stack/Seq</translation>
+    <name>Cuelist</name>
+    <message>
+        <source>Step</source>
+        <translation>Passo</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenuto</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Salita</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Discesa</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Attesa</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Muovi</translation>
+    </message>
+    <message>
+        <source>Affects</source>
+        <translation>Influisce</translation>
+    </message>
+    <message>
+        <source>NEXT</source>
+        <translation>NEXT</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Ciclo</translation>
+    </message>
+    <message>
+        <source>One Shot</source>
+        <translation>Una volta</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuale</translation>
+    </message>
+    <message>
+        <source>LIVE</source>
+        <translation>LIVE</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>buio</translation>
+    </message>
+</context>
+<context>
+    <name>Cuematrix</name>
+    <message>
+        <source>[empty]</source>
+        <translation>[vuoto]</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Inserisci passo</translation>
+    </message>
+    <message>
+        <source>No space to insert a cue here</source>
+        <translation>Non c'è spazio per inserire una cue qui</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Elimina passo</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>Sei sicuro?</translation>
+    </message>
+    <message>
+        <source>Move step</source>
+        <translation>Sposta passo</translation>
+    </message>
+    <message>
+        <source>No space to move a cue here</source>
+        <translation>Non c'è spazio per spostare una cue qui</translation>
+    </message>
+</context>
+<context>
+    <name>InsertSequenceStepDialogClass</name>
+    <message>
+        <source>Insert sequence step</source>
+        <translation>Inserisci passo della sequenza</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Canale</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Direct cue</source>
+        <translation>Cue diretta</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numero di cue</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Inserisci</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+</context>
+<context>
+    <name>movesequencestepdialogClass</name>
+    <message>
+        <source>Move sequence step</source>
+        <translation>Sposta passo della sequenza</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numero di cue</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Sposta</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
     </message>
 </context>
 </TS>
