@@ -14,12 +14,12 @@
 
 namespace {
 
-// The fade colour a pixel shows: "up", "down", "cursor" or "-".
-QString inkAt(const QImage& image, int x, int y)
+// The fade colour drawn at "x,y": "up", "down", "cursor" or "-".
+QString inkAt(const QImage& image, const QString& at)
 {
     const QRgb inks[] = {qRgb(94, 77, 187), qRgb(169, 169, 92), qRgb(145, 69, 69)};
-    const int i = int(std::find(inks, inks + 3, image.pixel(x, y)) - inks);
-    return QStringList({"up", "down", "cursor", "-"})[i];
+    const QRgb drawn = image.pixel(at.section(',', 0, 0).toInt(), at.section(',', 1).toInt());
+    return QStringList({"up", "down", "cursor", "-"})[int(std::find(inks, inks + 3, drawn) - inks)];
 }
 
 // What the view and its blocks show, and where the matrix went.
@@ -29,12 +29,10 @@ QString shownState(const SequencesView* view)
     for (const Console::Sequence s : {view->sequence(), view->timeline()->sequence(),
                                       view->cuelist()->sequence(), view->cuematrix()->sequence()})
         keys << QStringLiteral("%1/%2").arg(s.page).arg(s.fader);
-    return keys.join(QLatin1Char(' ')) +
-           QStringLiteral(" %1 rows, matrix at %2 with %3 lines, %4")
-               .arg(view->cuelist()->rowCount())
-               .arg(view->cuematrix()->y())
-               .arg(view->cuematrix()->visibleLines())
-               .arg(view->feature()->text().remove(QRegularExpression("<[^>]*>")));
+    return keys.join(' ') +
+           QString::asprintf(" %d rows, matrix at %g with %d lines, ", view->cuelist()->rowCount(),
+                             view->cuematrix()->y(), view->cuematrix()->visibleLines()) +
+           view->feature()->text().remove(QRegularExpression("<[^>]*>"));
 }
 
 struct FadeCase
@@ -46,8 +44,7 @@ struct FadeCase
 
 struct ChoiceCase
 {
-    // via menu, data, show or pages; shown: page/fader; feature: its link's end
-    const char *name, *via, *argument, *shown, *feature;
+    const char *name, *via, *argument, *shown, *feature; // via menu, data, show or pages
 };
 
 } // namespace
@@ -86,7 +83,6 @@ void TestSequencesView::timelineDrawsTheFade()
     QFETCH(FadeCase, c);
     PanelConsole console(ConsoleCache::ModelAlder);
     ConsoleStateRecord* r = console.record();
-    const Console::Sequence shown(c.page, c.page < 0 ? -1 : 0);
     console.sequence(3, 0).stepCount = 1;
     r->stackStepCount = 1;
     for (StepRecord* step : {&r->stackSteps[0], &console.sequence(3, 0).steps[0]})
@@ -97,15 +93,13 @@ void TestSequencesView::timelineDrawsTheFade()
     p.rate = quint16(c.rate);
     QGraphicsScene scene;
     Timeline timeline(&scene, 7);
-    timeline.setSequence(shown);
+    timeline.setSequence(Console::Sequence(c.page, c.page < 0 ? -1 : 0));
     QCOMPARE(timeline.boundingRect(), QRectF(0, 0, 587, 119));
     // The drawing sits 7 lower; read it back in unshifted coordinates.
     const QImage image = paintedItem(&timeline, QRect(0, 7, 587, 105), Qt::black);
     QStringList inks = QString::fromLatin1(c.inks).split(QLatin1Char(' '));
     for (QString& at : inks) // "x,y=ink" becomes "x,y=" and the ink drawn there
-        at = at.section('=', 0, 0) + '=' +
-             inkAt(image, at.section(',', 0, 0).toInt(),
-                   at.section(',', 1).section('=', 0, 0).toInt());
+        at = at.section('=', 0, 0) + '=' + inkAt(image, at.section('=', 0, 0));
     QCOMPARE(inks.join(QLatin1Char(' ')), QString::fromLatin1(c.inks));
     QCOMPARE(Timeline::panelValues(timeline.read()).join(QLatin1Char(' ')),
              QString::fromLatin1(c.panel));
@@ -137,9 +131,8 @@ void TestSequencesView::sequenceIsChosen()
     auto* view = dynamic_cast<SequencesView*>(window.tabStrip()->tab(0));
     QVERIFY(view && view->feature());
     view->setSequence(Console::Sequence(1, 1));
-    const QString via = QString::fromLatin1(c.via);
     const QStringList numbers = QString::fromLatin1(c.argument).split(QLatin1Char('/'));
-    if (via == QLatin1String("menu")) {
+    if (c.via == std::string_view("menu")) {
         QStringList seen; // the count of entries and the title of page 2's submenu
         QTimer::singleShot(0, [&c, &seen] {
             auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -153,18 +146,18 @@ void TestSequencesView::sequenceIsChosen()
         });
         emit view->feature()->linkActivated(QStringLiteral("link"));
         QCOMPARE(seen, QStringList({QStringLiteral("13"), QStringLiteral("Page 02, Page1")}));
-    } else if (via == QLatin1String("data")) {
+    } else if (c.via == std::string_view("data")) {
         QVERIFY(!view->chooseMenuEntry(QString::fromLatin1(c.argument)));
-    } else if (via == QLatin1String("show")) {
+    } else if (c.via == std::string_view("show")) {
         window.showSequence(Console::Sequence(numbers[0].toInt(), numbers[1].toInt()));
     } else {
         view->openSequence(numbers[0].toInt(), numbers[1].toInt());
     }
-    const bool stack = QLatin1String(c.shown) == QLatin1String("-1/-1");
     QCOMPARE(shownState(view),
              QStringList(4, QString::fromLatin1(c.shown)).join(QLatin1Char(' ')) +
-                 (stack ? QStringLiteral(" 12 rows, matrix at 400 with 11 lines, ")
-                        : QStringLiteral(" 26 rows, matrix at 695 with 4 lines, ")) +
+                 (c.shown == std::string_view("-1/-1")
+                      ? QStringLiteral(" 12 rows, matrix at 400 with 11 lines, ")
+                      : QStringLiteral(" 26 rows, matrix at 695 with 4 lines, ")) +
                  QStringLiteral("Seq/Stack edit - ") + QLatin1String(c.feature));
 }
 
@@ -182,7 +175,6 @@ void TestSequencesView::panelPlaysASequence()
     for (int i = 0; i < 3; ++i)
         QVERIFY(cache->insertStep(0, 1, i, 10 * (i + 1), ConsoleCache::StepChannel, quint16(i)));
     QVERIFY(session.step());
-    QCOMPARE(cache->stepCount(0, 1), 3);
     cache->setSequenceMode(0, 1, 2);
     SequencesView view(nullptr, nullptr);
     view.showSequence(Console::Sequence(0, 1));
@@ -194,13 +186,10 @@ void TestSequencesView::panelPlaysASequence()
         if (key >= 0)
             session.tap(key); // the flash key of fader 14
         QVERIFY(session.step(ms));
-        seen << QStringLiteral("live %1 next %2 list %3/%4 up %5 %6")
-                    .arg(playback.afterLiveStep - 1)
-                    .arg(playback.nextStep)
-                    .arg(view.cuelist()->stepOfRow(1))
-                    .arg(view.cuelist()->stepOfRow(2))
-                    .arg(playback.upProgress)
-                    .arg(Timeline::panelValues(view.timeline()->read()).join(QLatin1Char(' ')));
+        seen << QString::asprintf("live %d next %d list %d/%d up %d ", playback.afterLiveStep - 1,
+                                  playback.nextStep, view.cuelist()->stepOfRow(1),
+                                  view.cuelist()->stepOfRow(2), playback.upProgress) +
+                    Timeline::panelValues(view.timeline()->read()).join(' ');
     }
     QCOMPARE(seen,
              QStringList({QStringLiteral("live 0 next 1 list 0/1 up 127 1 0 0 100% 100%"),
