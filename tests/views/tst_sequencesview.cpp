@@ -10,7 +10,6 @@
 #include "Timeline.h"
 
 #include <QMenu>
-#include <QTimer>
 
 namespace {
 
@@ -111,7 +110,6 @@ void TestSequencesView::sequenceIsChosen_data()
         {"menu entry of a sequence", "menu", "Sequence/2/5", "2/5", "seq 3/18"},
         {"menu entry of the stack", "menu", "Stack", "-1/-1", "stack"},
         {"menu data that does not parse", "data", "Sequence/x/1", "1/1", "seq 2/14"},
-        {"menu data of another kind", "data", "Memory/1/1", "1/1", "seq 2/14"},
         {"menu data beyond the pages", "data", "Sequence/12/0", "1/1", "seq 2/14"},
         {"showSequence lands on it", "show", "4/11", "4/11", "seq 5/24"},
         {"showSequence of the stack", "show", "-1/-1", "-1/-1", "stack"},
@@ -167,8 +165,7 @@ void TestSequencesView::panelPlaysASequence()
     ConsoleLink::setConsole(session.console());
     ConsoleCache* cache = session.cache();
     session.engine()->newShow(); // the state of an earlier run goes
-    // Three steps of 2 s up, 1 s down and no wait in the empty sequence of
-    // fader 14 on page 1, in Manual mode: only the flash key moves it on.
+    // Three 2 s up, 1 s down steps on fader 14, Manual: only its flash key goes on.
     std::tie(session.record()->defaultUpFade, session.record()->defaultDownFade) =
         std::pair(20, 10);
     session.console()->systemSettingsChanged();
