@@ -59,7 +59,8 @@ SequencesView::SequencesView(QWidget* parent, TitleBar* bar) : QGraphicsView(par
 
 SequencesView::~SequencesView()
 {
-    // The feature lives in the tab strip and may outlast the view.
+    // The feature lives in the tab strip and may outlast the view: its link
+    // must not offer the menu of a view that is gone.
     if (featureWidget)
         featureWidget->setText(QString());
 }
