@@ -1,25 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TabRegistry.h"
 
+#include <type_traits>
+
 #include "DMXView.h"
 #include "MainFrame.h"
 #include "OutputView.h"
+#include "SequencesView.h"
 #include "SystemView.h"
+
+namespace {
+// A view takes the window and the title bar, and the wide-screen flag when
+// its layout depends on it; extra arguments follow.
+template <class View, class... Extra>
+TabRegistry::Factory viewFactory(Extra... extra)
+{
+    return [extra...](MainFrame* window, TitleBar* bar, bool wide) -> Tab* {
+        if constexpr (std::is_constructible_v<View, MainFrame*, TitleBar*, bool, Extra...>)
+            return new View(window, bar, wide, extra...);
+        else
+            return new View(window, bar, extra...);
+    };
+}
+} // namespace
 
 const TabRegistry& TabRegistry::standard()
 {
-    // Each editor view adds its factory to this table as it is written.
+    // One line per view.
     static const TabRegistry views = [] {
         TabRegistry table;
-        table.setFactory(MainFrame::SystemTab, [](MainFrame* window, TitleBar* bar, bool wide) {
-            return new SystemView(window, bar, wide);
-        });
-        table.setFactory(MainFrame::OutputTab, [](MainFrame* window, TitleBar* bar, bool) {
-            return static_cast<Tab*>(new OutputView(window, bar));
-        });
-        table.setFactory(MainFrame::DmxTab, [](MainFrame* window, TitleBar* bar, bool) {
-            return static_cast<Tab*>(new DMXView(window, bar));
-        });
+        table.setFactory(MainFrame::DmxTab, viewFactory<DMXView>());
+        table.setFactory(MainFrame::OutputTab, viewFactory<OutputView>());
+        table.setFactory(MainFrame::SequencesTab, viewFactory<SequencesView>());
+        table.setFactory(MainFrame::SystemTab, viewFactory<SystemView>());
         return table;
     }();
     return views;

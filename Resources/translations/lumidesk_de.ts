@@ -25,6 +25,92 @@
     </message>
 </context>
 <context>
+    <name>Cuelist</name>
+    <message>
+        <source>Step</source>
+        <translation>Schritt</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Ab</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Warten</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Bewegen</translation>
+    </message>
+    <message>
+        <source>Affects</source>
+        <translation>Betrifft</translation>
+    </message>
+    <message>
+        <source>NEXT</source>
+        <translation>NEXT</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>One Shot</source>
+        <translation>Einmalig</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuell</translation>
+    </message>
+    <message>
+        <source>LIVE</source>
+        <translation>LIVE</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>dunkel</translation>
+    </message>
+</context>
+<context>
+    <name>Cuematrix</name>
+    <message>
+        <source>[empty]</source>
+        <translation>[leer]</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Schritt einfügen</translation>
+    </message>
+    <message>
+        <source>No space to insert a cue here</source>
+        <translation>Hier ist kein Platz, um eine Cue einzufügen</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Schritt löschen</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>Sind Sie sicher?</translation>
+    </message>
+    <message>
+        <source>Move step</source>
+        <translation>Schritt verschieben</translation>
+    </message>
+    <message>
+        <source>No space to move a cue here</source>
+        <translation>Hier ist kein Platz, um eine Cue hin zu verschieben</translation>
+    </message>
+</context>
+<context>
     <name>DMXView</name>
     <message>
         <source>Universe</source>
@@ -302,6 +388,37 @@
     </message>
 </context>
 <context>
+    <name>InsertSequenceStepDialogClass</name>
+    <message>
+        <source>Insert sequence step</source>
+        <translation>Sequenzschritt einfügen</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Direct cue</source>
+        <translation>Direkte Cue</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Cue-Nummer</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>InterfaceDialogClass</name>
     <message>
         <source>Lumidesk</source>
@@ -485,6 +602,37 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     <message>
         <source>PAGE</source>
         <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>SequencesView</name>
+    <message>
+        <source>Seq/Stack edit</source>
+        <translation>Seq/Stack bearbeiten</translation>
+    </message>
+    <message>
+        <source>stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>seq</source>
+        <translation>Seq</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Sequenz</translation>
+    </message>
+    <message>
+        <source>Stack/Seq Edit</source>
+        <translation>Stack/Seq bearbeiten</translation>
     </message>
 </context>
 <context>
@@ -755,6 +903,49 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     </message>
 </context>
 <context>
+    <name>Timeline</name>
+    <message>
+        <source>&gt;</source>
+        <translation>&gt;</translation>
+    </message>
+    <message>
+        <source>||</source>
+        <translation>||</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Remaining time</source>
+        <translation>Restzeit</translation>
+    </message>
+    <message>
+        <source>UP</source>
+        <translation>AUF</translation>
+    </message>
+    <message>
+        <source>DOWN</source>
+        <translation>AB</translation>
+    </message>
+    <message>
+        <source>WAIT</source>
+        <translation>WARTEN</translation>
+    </message>
+    <message>
+        <source>RATE</source>
+        <translation>TEMPO</translation>
+    </message>
+    <message>
+        <source>FADE</source>
+        <translation>FADE</translation>
+    </message>
+</context>
+<context>
     <name>TitleBar</name>
     <message>
         <source>Change language</source>
@@ -763,6 +954,25 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     <message>
         <source>You must restart Lumidesk in order for the language change to take effect!</source>
         <translation>Sie müssen Lumidesk neu starten, damit die Sprachänderung wirksam wird!</translation>
+    </message>
+</context>
+<context>
+    <name>movesequencestepdialogClass</name>
+    <message>
+        <source>Move sequence step</source>
+        <translation>Sequenzschritt verschieben</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Cue-Nummer</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 </TS>

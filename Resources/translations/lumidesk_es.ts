@@ -25,6 +25,92 @@
     </message>
 </context>
 <context>
+    <name>Cuelist</name>
+    <message>
+        <source>Step</source>
+        <translation>Paso</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenido</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Subida</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Bajada</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Espera</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Mover</translation>
+    </message>
+    <message>
+        <source>Affects</source>
+        <translation>Afecta</translation>
+    </message>
+    <message>
+        <source>NEXT</source>
+        <translation>NEXT</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Bucle</translation>
+    </message>
+    <message>
+        <source>One Shot</source>
+        <translation>Una vez</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manual</translation>
+    </message>
+    <message>
+        <source>LIVE</source>
+        <translation>LIVE</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>oscuro</translation>
+    </message>
+</context>
+<context>
+    <name>Cuematrix</name>
+    <message>
+        <source>[empty]</source>
+        <translation>[vacío]</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Insertar paso</translation>
+    </message>
+    <message>
+        <source>No space to insert a cue here</source>
+        <translation>No hay espacio para insertar una cue aquí</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Eliminar paso</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>¿Está seguro?</translation>
+    </message>
+    <message>
+        <source>Move step</source>
+        <translation>Mover paso</translation>
+    </message>
+    <message>
+        <source>No space to move a cue here</source>
+        <translation>No hay espacio para mover una cue aquí</translation>
+    </message>
+</context>
+<context>
     <name>DMXView</name>
     <message>
         <source>Universe</source>
@@ -302,6 +388,37 @@
     </message>
 </context>
 <context>
+    <name>InsertSequenceStepDialogClass</name>
+    <message>
+        <source>Insert sequence step</source>
+        <translation>Insertar paso de secuencia</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Canal</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Direct cue</source>
+        <translation>Cue directa</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Número de cue</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Insertar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
     <name>InterfaceDialogClass</name>
     <message>
         <source>Lumidesk</source>
@@ -485,6 +602,37 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     <message>
         <source>PAGE</source>
         <translation>PÁGINA</translation>
+    </message>
+</context>
+<context>
+    <name>SequencesView</name>
+    <message>
+        <source>Seq/Stack edit</source>
+        <translation>Editar Sec/Stack</translation>
+    </message>
+    <message>
+        <source>stack</source>
+        <translation>stack</translation>
+    </message>
+    <message>
+        <source>seq</source>
+        <translation>sec</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Página</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Secuencia</translation>
+    </message>
+    <message>
+        <source>Stack/Seq Edit</source>
+        <translation>Editar Stack/Sec</translation>
     </message>
 </context>
 <context>
@@ -755,6 +903,49 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     </message>
 </context>
 <context>
+    <name>Timeline</name>
+    <message>
+        <source>&gt;</source>
+        <translation>&gt;</translation>
+    </message>
+    <message>
+        <source>||</source>
+        <translation>||</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Inicio</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>Remaining time</source>
+        <translation>Tiempo restante</translation>
+    </message>
+    <message>
+        <source>UP</source>
+        <translation>SUBIDA</translation>
+    </message>
+    <message>
+        <source>DOWN</source>
+        <translation>BAJADA</translation>
+    </message>
+    <message>
+        <source>WAIT</source>
+        <translation>ESPERA</translation>
+    </message>
+    <message>
+        <source>RATE</source>
+        <translation>VELOC.</translation>
+    </message>
+    <message>
+        <source>FADE</source>
+        <translation>FUNDIDO</translation>
+    </message>
+</context>
+<context>
     <name>TitleBar</name>
     <message>
         <source>Change language</source>
@@ -763,6 +954,25 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     <message>
         <source>You must restart Lumidesk in order for the language change to take effect!</source>
         <translation>¡Debe reiniciar Lumidesk para que el cambio de idioma surta efecto!</translation>
+    </message>
+</context>
+<context>
+    <name>movesequencestepdialogClass</name>
+    <message>
+        <source>Move sequence step</source>
+        <translation>Mover paso de secuencia</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Número de cue</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Mover</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 </TS>

@@ -25,6 +25,92 @@
     </message>
 </context>
 <context>
+    <name>Cuelist</name>
+    <message>
+        <source>Step</source>
+        <translation>Pas</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenu</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Montée</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Descente</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Attente</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Déplacer</translation>
+    </message>
+    <message>
+        <source>Affects</source>
+        <translation>Affecte</translation>
+    </message>
+    <message>
+        <source>NEXT</source>
+        <translation>NEXT</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>One Shot</source>
+        <translation>Une fois</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuel</translation>
+    </message>
+    <message>
+        <source>LIVE</source>
+        <translation>LIVE</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>noir</translation>
+    </message>
+</context>
+<context>
+    <name>Cuematrix</name>
+    <message>
+        <source>[empty]</source>
+        <translation>[vide]</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Insérer un pas</translation>
+    </message>
+    <message>
+        <source>No space to insert a cue here</source>
+        <translation>Pas de place pour insérer une cue ici</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Supprimer le pas</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>Êtes-vous sûr ?</translation>
+    </message>
+    <message>
+        <source>Move step</source>
+        <translation>Déplacer le pas</translation>
+    </message>
+    <message>
+        <source>No space to move a cue here</source>
+        <translation>Pas de place pour déplacer une cue ici</translation>
+    </message>
+</context>
+<context>
     <name>DMXView</name>
     <message>
         <source>Universe</source>
@@ -302,6 +388,37 @@
     </message>
 </context>
 <context>
+    <name>InsertSequenceStepDialogClass</name>
+    <message>
+        <source>Insert sequence step</source>
+        <translation>Insérer un pas de séquence</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Circuit</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Mémoire</translation>
+    </message>
+    <message>
+        <source>Direct cue</source>
+        <translation>Cue directe</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numéro de cue</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Insérer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
     <name>InterfaceDialogClass</name>
     <message>
         <source>Lumidesk</source>
@@ -485,6 +602,37 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>PAGE</source>
         <translation>PAGE</translation>
+    </message>
+</context>
+<context>
+    <name>SequencesView</name>
+    <message>
+        <source>Seq/Stack edit</source>
+        <translation>Édition Séq/Stack</translation>
+    </message>
+    <message>
+        <source>stack</source>
+        <translation>stack</translation>
+    </message>
+    <message>
+        <source>seq</source>
+        <translation>séq</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Page</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Séquence</translation>
+    </message>
+    <message>
+        <source>Stack/Seq Edit</source>
+        <translation>Édition Stack/Séq</translation>
     </message>
 </context>
 <context>
@@ -755,6 +903,49 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     </message>
 </context>
 <context>
+    <name>Timeline</name>
+    <message>
+        <source>&gt;</source>
+        <translation>&gt;</translation>
+    </message>
+    <message>
+        <source>||</source>
+        <translation>||</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Début</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>Remaining time</source>
+        <translation>Temps restant</translation>
+    </message>
+    <message>
+        <source>UP</source>
+        <translation>MONTÉE</translation>
+    </message>
+    <message>
+        <source>DOWN</source>
+        <translation>DESCENTE</translation>
+    </message>
+    <message>
+        <source>WAIT</source>
+        <translation>ATTENTE</translation>
+    </message>
+    <message>
+        <source>RATE</source>
+        <translation>VITESSE</translation>
+    </message>
+    <message>
+        <source>FADE</source>
+        <translation>FONDU</translation>
+    </message>
+</context>
+<context>
     <name>TitleBar</name>
     <message>
         <source>Change language</source>
@@ -763,6 +954,25 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>You must restart Lumidesk in order for the language change to take effect!</source>
         <translation>Vous devez redémarrer Lumidesk pour que le changement de langue prenne effet !</translation>
+    </message>
+</context>
+<context>
+    <name>movesequencestepdialogClass</name>
+    <message>
+        <source>Move sequence step</source>
+        <translation>Déplacer un pas de séquence</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numéro de cue</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Déplacer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 </TS>

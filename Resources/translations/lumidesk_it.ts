@@ -25,6 +25,92 @@
     </message>
 </context>
 <context>
+    <name>Cuelist</name>
+    <message>
+        <source>Step</source>
+        <translation>Passo</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenuto</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Salita</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Discesa</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Attesa</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Muovi</translation>
+    </message>
+    <message>
+        <source>Affects</source>
+        <translation>Influisce</translation>
+    </message>
+    <message>
+        <source>NEXT</source>
+        <translation>NEXT</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Ciclo</translation>
+    </message>
+    <message>
+        <source>One Shot</source>
+        <translation>Una volta</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuale</translation>
+    </message>
+    <message>
+        <source>LIVE</source>
+        <translation>LIVE</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>buio</translation>
+    </message>
+</context>
+<context>
+    <name>Cuematrix</name>
+    <message>
+        <source>[empty]</source>
+        <translation>[vuoto]</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Inserisci passo</translation>
+    </message>
+    <message>
+        <source>No space to insert a cue here</source>
+        <translation>Non c'è spazio per inserire una cue qui</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Elimina passo</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>Sei sicuro?</translation>
+    </message>
+    <message>
+        <source>Move step</source>
+        <translation>Sposta passo</translation>
+    </message>
+    <message>
+        <source>No space to move a cue here</source>
+        <translation>Non c'è spazio per spostare una cue qui</translation>
+    </message>
+</context>
+<context>
     <name>DMXView</name>
     <message>
         <source>Universe</source>
@@ -302,6 +388,37 @@
     </message>
 </context>
 <context>
+    <name>InsertSequenceStepDialogClass</name>
+    <message>
+        <source>Insert sequence step</source>
+        <translation>Inserisci passo della sequenza</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Canale</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Direct cue</source>
+        <translation>Cue diretta</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numero di cue</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Inserisci</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+</context>
+<context>
     <name>InterfaceDialogClass</name>
     <message>
         <source>Lumidesk</source>
@@ -485,6 +602,37 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     <message>
         <source>PAGE</source>
         <translation>PAGINA</translation>
+    </message>
+</context>
+<context>
+    <name>SequencesView</name>
+    <message>
+        <source>Seq/Stack edit</source>
+        <translation>Modifica Seq/Stack</translation>
+    </message>
+    <message>
+        <source>stack</source>
+        <translation>stack</translation>
+    </message>
+    <message>
+        <source>seq</source>
+        <translation>seq</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Pagina</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Sequenza</translation>
+    </message>
+    <message>
+        <source>Stack/Seq Edit</source>
+        <translation>Modifica Stack/Seq</translation>
     </message>
 </context>
 <context>
@@ -755,6 +903,49 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     </message>
 </context>
 <context>
+    <name>Timeline</name>
+    <message>
+        <source>&gt;</source>
+        <translation>&gt;</translation>
+    </message>
+    <message>
+        <source>||</source>
+        <translation>||</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Inizio</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fine</translation>
+    </message>
+    <message>
+        <source>Remaining time</source>
+        <translation>Tempo residuo</translation>
+    </message>
+    <message>
+        <source>UP</source>
+        <translation>SALITA</translation>
+    </message>
+    <message>
+        <source>DOWN</source>
+        <translation>DISCESA</translation>
+    </message>
+    <message>
+        <source>WAIT</source>
+        <translation>ATTESA</translation>
+    </message>
+    <message>
+        <source>RATE</source>
+        <translation>VELOCITÀ</translation>
+    </message>
+    <message>
+        <source>FADE</source>
+        <translation>DISSOLV.</translation>
+    </message>
+</context>
+<context>
     <name>TitleBar</name>
     <message>
         <source>Change language</source>
@@ -763,6 +954,25 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     <message>
         <source>You must restart Lumidesk in order for the language change to take effect!</source>
         <translation>È necessario riavviare Lumidesk perché il cambio di lingua abbia effetto!</translation>
+    </message>
+</context>
+<context>
+    <name>movesequencestepdialogClass</name>
+    <message>
+        <source>Move sequence step</source>
+        <translation>Sposta passo della sequenza</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numero di cue</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Sposta</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
     </message>
 </context>
 </TS>
