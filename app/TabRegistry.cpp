@@ -1,10 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TabRegistry.h"
 
+#include "EffectsView.h"
+#include "GroupsView.h"
+#include "MainFrame.h"
+
 const TabRegistry& TabRegistry::standard()
 {
     // Each editor view adds its factory to this table as it is written.
-    static const TabRegistry views;
+    static const TabRegistry views = [] {
+        TabRegistry registry;
+        registry.setFactory(MainFrame::EffectsTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return new EffectsView(window, bar);
+        });
+        registry.setFactory(MainFrame::GroupsTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return new GroupsView(window, bar);
+        });
+        return registry;
+    }();
     return views;
 }
 
