@@ -236,6 +236,8 @@ void DemoShow::fillEffects(ConsoleStateRecord* record)
         quint8 pattern;
         quint16 speed, depth, aspect, rotation, base, range, direction;
     };
+    // One effect a line.
+    // clang-format off
     static const Effect effects[] = {
         {0, "Circle", 0, 32, 90, 0, 0, 0, 0, 0},
         {1, "Square", 1, 24, 70, 0, 0, 0, 0, 0},
@@ -248,6 +250,7 @@ void DemoShow::fillEffects(ConsoleStateRecord* record)
         {25, "Primary", 10, 32, 511, 0, 0, 0, 255, 0},
         {26, "Flames", 2, 40, 460, 0, 0, 0, 255, 2},
     };
+    // clang-format on
     for (const Effect& e : effects) {
         EffectRecord& effect = record->effects[e.number];
         effect.pattern = e.pattern;

@@ -91,16 +91,16 @@ struct ColourStops
 
 // The colour patterns after Rainbow (1 to 10); Freak Out is filled at run time.
 const ColourStops colourPatterns[10] = {
-    {4, false, {{230, 20, 40}, {250, 210, 0}, {20, 90, 230}, {30, 170, 60}}},  // Harlequin
-    {4, true, {{160, 10, 0}, {255, 60, 0}, {255, 150, 0}, {255, 230, 60}}},    // Flames
-    {3, true, {{20, 110, 20}, {110, 200, 40}, {200, 230, 80}}},                // Meadow
-    {3, true, {{200, 140, 20}, {250, 210, 60}, {255, 245, 150}}},              // Cornfield
-    {3, true, {{0, 70, 200}, {0, 170, 230}, {90, 240, 220}}},                  // Aqua
-    {3, true, {{60, 0, 140}, {30, 40, 200}, {220, 170, 30}}},                  // Royal
-    {3, true, {{255, 60, 150}, {255, 140, 190}, {230, 30, 110}}},              // Miss Piggy
-    {0, false, {}},                                                            // Freak Out
-    {3, false, {{0, 255, 255}, {255, 0, 255}, {255, 255, 0}}},                 // Secondary
-    {3, false, {{255, 0, 0}, {0, 255, 0}, {0, 0, 255}}},                       // Primary
+    {4, false, {{230, 20, 40}, {250, 210, 0}, {20, 90, 230}, {30, 170, 60}}}, // Harlequin
+    {4, true, {{160, 10, 0}, {255, 60, 0}, {255, 150, 0}, {255, 230, 60}}},   // Flames
+    {3, true, {{20, 110, 20}, {110, 200, 40}, {200, 230, 80}}},               // Meadow
+    {3, true, {{200, 140, 20}, {250, 210, 60}, {255, 245, 150}}},             // Cornfield
+    {3, true, {{0, 70, 200}, {0, 170, 230}, {90, 240, 220}}},                 // Aqua
+    {3, true, {{60, 0, 140}, {30, 40, 200}, {220, 170, 30}}},                 // Royal
+    {3, true, {{255, 60, 150}, {255, 140, 190}, {230, 30, 110}}},             // Miss Piggy
+    {0, false, {}},                                                           // Freak Out
+    {3, false, {{0, 255, 255}, {255, 0, 255}, {255, 255, 0}}},                // Secondary
+    {3, false, {{255, 0, 0}, {0, 255, 0}, {0, 0, 255}}},                      // Primary
 };
 
 quint8 toLevel(double value)
@@ -152,8 +152,8 @@ void EffectEngine::want(int family, int device, int effect)
 {
     if (family < 0 || family >= familyCount || device < 0 || device >= deviceCount)
         return;
-    const bool valid = effect >= 0 && effect / familyStride == family &&
-                       effect % familyStride < patternsPerFamily;
+    const bool valid =
+        effect >= 0 && effect / familyStride == family && effect % familyStride < patternsPerFamily;
     if (valid)
         wanted_[size_t(family)][size_t(device)] = qint8(effect);
 }
@@ -178,8 +178,8 @@ void EffectEngine::advance(int milliseconds, const ConsoleStateRecord& record)
             if (effect < 0)
                 continue;
             running_ = true;
-            const double cycles = milliseconds / 1000.0 * record.effects[effect].speed *
-                                  cyclesPerSecondPerSpeed;
+            const double cycles =
+                milliseconds / 1000.0 * record.effects[effect].speed * cyclesPerSecondPerSpeed;
             phase_[f][d] = std::fmod(phase_[f][d] + cycles, 2.0);
         }
     }
@@ -324,9 +324,10 @@ void EffectEngine::apply(const ConsoleStateRecord& record, const ModelProfile& p
             if (f == 0) {
                 applyShape(effect, t, d, device, live);
             } else if (f == 1) {
-                const double level = effect.base + effect.range * linearLevel(effect.pattern,
-                                                                              wrap(t + effect.rotation / 360.0),
-                                                                              effect.aspect);
+                const double level =
+                    effect.base + effect.range * linearLevel(effect.pattern,
+                                                             wrap(t + effect.rotation / 360.0),
+                                                             effect.aspect);
                 live.effectIntensity[size_t(d)] = toLevel(level);
             } else {
                 applyColour(effect, wrap(t + effect.rotation / 360.0), d, device, live);

@@ -108,15 +108,13 @@ EffectsView::EffectParameterRow::EffectParameterRow(::CellRowTable* table, int k
 EffectsView::EffectParameterRow::~EffectParameterRow() = default;
 
 void EffectsView::EffectParameterRow::paint(QPainter* painter,
-                                            const QStyleOptionGraphicsItem* option,
-                                            QWidget* widget)
+                                            const QStyleOptionGraphicsItem* option, QWidget* widget)
 {
     paintHeaderSeparator(painter, option, widget);
     const QStringList lines = m_title.split(QLatin1Char('\n'));
     const qreal lineHeight = height() / lines.size();
     for (int i = 0; i < lines.size() && i < 2; ++i)
-        m_lines[i].draw(painter,
-                        QRectF(0, i * lineHeight, table()->headerWidth() - 4, lineHeight),
+        m_lines[i].draw(painter, QRectF(0, i * lineHeight, table()->headerWidth() - 4, lineHeight),
                         Qt::AlignRight | (lines.size() > 1 ? (i ? Qt::AlignTop : Qt::AlignBottom)
                                                            : Qt::AlignVCenter),
                         lines[i], m_font, Qt::white);
@@ -238,8 +236,7 @@ EffectsView::EffectNameCell::EffectNameCell(CellRow* row, int effect)
     for (int i = 0; i < 3; ++i) {
         m_lines[i] = new InPlaceEditableText(static_cast<QGraphicsItem*>(this), this,
                                              QRectF(1, 1 + i * 10, width, 10),
-                                             TextBlock::lineLength, 8, Qt::white,
-                                             Qt::AlignHCenter);
+                                             TextBlock::lineLength, 8, Qt::white, Qt::AlignHCenter);
         m_lines[i]->setEditable(true);
     }
     InPlaceEditableText::chain(m_lines, 3);
@@ -351,7 +348,7 @@ QString EffectsView::familyName(int family)
 
 const QImage& EffectsView::patternImage(int family, int pattern)
 {
-    static const std::array<QImage, familyCount * familyStride> images = [] {
+    static const std::array<QImage, familyCount* familyStride> images = [] {
         std::array<QImage, familyCount * familyStride> loaded;
         for (int f = 0; f < familyCount; ++f)
             for (int p = 0; p < effectsPerFamily; ++p)

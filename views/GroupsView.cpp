@@ -107,10 +107,10 @@ GroupsView::GroupRow::GroupRow(::CellRowTable* table, int group, int lineCount)
 {
     const qreal width = table->headerWidth() - numberStripWidth - 2;
     for (int i = 0; i < m_lineCount; ++i) {
-        m_lines[i] = new InPlaceEditableText(
-            static_cast<QGraphicsItem*>(this), this,
-            QRectF(numberStripWidth, 1 + i * lineHeight, width, lineHeight),
-            TextBlock::lineLength, 9, Qt::white, Qt::AlignLeft);
+        m_lines[i] =
+            new InPlaceEditableText(static_cast<QGraphicsItem*>(this), this,
+                                    QRectF(numberStripWidth, 1 + i * lineHeight, width, lineHeight),
+                                    TextBlock::lineLength, 9, Qt::white, Qt::AlignLeft);
         m_lines[i]->setEditable(true);
     }
     InPlaceEditableText::chain(m_lines, m_lineCount);

@@ -31,8 +31,7 @@ void effectTick(benchmark::State& state)
     simulation.start(QStringLiteral("bench"));
     const PersonalityLibrary::Personality* wash = PersonalityLibrary::find(ledWash);
     for (int d = 0; d < record->deviceCount; ++d) {
-        PersonalityLibrary::fillDevice(record->devices[d], *wash,
-                                       d * int(wash->layout.size()));
+        PersonalityLibrary::fillDevice(record->devices[d], *wash, d * int(wash->layout.size()));
         record->deviceSelected[d] = 1;
     }
     for (EffectRecord* effect : {&record->effects[0], &record->effects[24]}) {

@@ -191,12 +191,13 @@ void TestEffectsView::namesAreStoredCut_data()
     QTest::addColumn<int>("code");
     QTest::addColumn<int>("reported");
 
-    QTest::newRow("effect line cut at seven")
-        << 0 << 25 << 1 << "Sparkling" << "Sparkli" << ConsoleCode::EffectsChanged << 25;
-    QTest::newRow("group name line")
-        << 1 << 3 << 0 << "Movers" << "Movers" << ConsoleCode::GroupChanged << 3;
+    QTest::newRow("effect line cut at seven") << 0 << 25 << 1 << "Sparkling"
+                                              << "Sparkli" << ConsoleCode::EffectsChanged << 25;
+    QTest::newRow("group name line") << 1 << 3 << 0 << "Movers"
+                                     << "Movers" << ConsoleCode::GroupChanged << 3;
     QTest::newRow("device name into its channel legend")
-        << 2 << 2 << 2 << "SpotLeftX" << "SpotLef" << ConsoleCode::ChannelTextChanged << 50;
+        << 2 << 2 << 2 << "SpotLeftX"
+        << "SpotLef" << ConsoleCode::ChannelTextChanged << 50;
 }
 
 void TestEffectsView::namesAreStoredCut()
@@ -210,12 +211,12 @@ void TestEffectsView::namesAreStoredCut()
     QFETCH(int, reported);
     ConsoleCache* cache = console->cache();
     const auto read = [&](int l) {
-        return owner == 0 ? cache->effectName(index, l)
+        return owner == 0   ? cache->effectName(index, l)
                : owner == 1 ? cache->groupName(index, l)
                             : cache->channelLegend(48 + index, l);
     };
     const int neighbour = (line + 1) % 3;
-    (owner == 0 ? effects->nameCells()[index - 2]->line(neighbour)
+    (owner == 0   ? effects->nameCells()[index - 2]->line(neighbour)
      : owner == 1 ? groups->groupRows()[index]->line(neighbour)
                   : groups->deviceNameCells()[index]->line(neighbour))
         ->textCommitted(nullptr, QStringLiteral("Keep"));
@@ -239,7 +240,8 @@ void TestEffectsView::doubleClicksKeepInsertionOrder_data()
     QTest::addColumn<bool>("single");
     QTest::addColumn<QList<int>>("expected");
 
-    QTest::newRow("added 3 1 2 stay unsorted") << QList<int>{2, 0, 1} << false << QList<int>{2, 0, 1};
+    QTest::newRow("added 3 1 2 stay unsorted")
+        << QList<int>{2, 0, 1} << false << QList<int>{2, 0, 1};
     QTest::newRow("member removed, later ones move up")
         << QList<int>{2, 0, 1, 2} << false << QList<int>{0, 1};
     QTest::newRow("removed and added again goes last")
@@ -257,8 +259,8 @@ void TestEffectsView::doubleClicksKeepInsertionOrder()
     groups->show();
     QVERIFY(QTest::qWaitForWindowExposed(groups.get()));
     for (int device : clicked) {
-        const QPoint at = groups->mapFromScene(
-            groups->groupCell(group, device)->sceneBoundingRect().center());
+        const QPoint at =
+            groups->mapFromScene(groups->groupCell(group, device)->sceneBoundingRect().center());
         QTest::mouseClick(groups->viewport(), Qt::LeftButton, {}, at);
         if (!single) {
             QTest::mouseDClick(groups->viewport(), Qt::LeftButton, {}, at);
@@ -297,13 +299,13 @@ void TestEffectsView::effectsDriveTheOutput_data()
                                             << false << panTilt << QList<int>{78, 128};
     QTest::newRow("circle backward") << 0 << QList<int>{0, 64, 100, 0, 0, 0, 0, 1} << 250 << false
                                      << panTilt << QList<int>{128, 78};
-    QTest::newRow("circle bounce on its way back") << 0 << QList<int>{0, 64, 100, 0, 0, 0, 0, 2}
-                                                   << 1250 << false << panTilt
-                                                   << QList<int>{128, 78};
+    QTest::newRow("circle bounce on its way back")
+        << 0 << QList<int>{0, 64, 100, 0, 0, 0, 0, 2} << 1250 << false << panTilt
+        << QList<int>{128, 78};
     QTest::newRow("circle turned 90 degrees") << 0 << QList<int>{0, 64, 100, 0, 90, 0, 0, 0} << 250
                                               << false << panTilt << QList<int>{78, 128};
-    QTest::newRow("released circle goes home") << 0 << QList<int>{0, 64, 100, 0, 0, 0, 0, 0}
-                                               << 250 << true << panTilt << QList<int>{128, 128};
+    QTest::newRow("released circle goes home") << 0 << QList<int>{0, 64, 100, 0, 0, 0, 0, 0} << 250
+                                               << true << panTilt << QList<int>{128, 128};
     QTest::newRow("strobe on in its duty") << 13 << QList<int>{1, 64, 0, 64, 0, 0, 255, 0} << 200
                                            << false << QList<int>{0} << QList<int>{255};
     QTest::newRow("strobe off after its duty") << 13 << QList<int>{1, 64, 0, 64, 0, 0, 255, 0}
@@ -336,7 +338,7 @@ void TestEffectsView::effectsDriveTheOutput()
     ConsoleStateRecord* r = s.record();
     EffectRecord& fx = r->effects[effect];
     fx.pattern = quint8(values[0]);
-    quint16* fields[] = {&fx.speed, &fx.depth, &fx.aspect, &fx.rotation,
+    quint16* fields[] = {&fx.speed, &fx.depth, &fx.aspect,   &fx.rotation,
                          &fx.base,  &fx.range, &fx.direction};
     for (int i = 0; i < 7; ++i)
         *fields[i] = quint16(values[i + 1]);

@@ -108,7 +108,9 @@ double noise(int i)
 
 void addShapes(ImageCatalogue& c)
 {
-    const auto circle = [](double t) { return QPointF(std::cos(2 * pi * t), std::sin(2 * pi * t)); };
+    const auto circle = [](double t) {
+        return QPointF(std::cos(2 * pi * t), std::sin(2 * pi * t));
+    };
     const auto rose = [](int petals, double inner) {
         return [petals, inner](double t) {
             const double a = 2 * pi * t;
@@ -118,32 +120,38 @@ void addShapes(ImageCatalogue& c)
     };
     const std::vector<std::pair<const char*, Curve>> shapes = {
         {"Circle", circle},
-        {"Square", [](double t) {
+        {"Square",
+         [](double t) {
              return polygonPoint({{-0.85, -0.85}, {0.85, -0.85}, {0.85, 0.85}, {-0.85, 0.85}}, t);
          }},
-        {"Infinity", [](double t) {
+        {"Infinity",
+         [](double t) {
              const double a = 2 * pi * t;
              return QPointF(std::sin(a), 0.6 * std::sin(2 * a));
          }},
-        {"Lissajou", [](double t) {
+        {"Lissajou",
+         [](double t) {
              const double a = 2 * pi * t;
              return QPointF(std::sin(3 * a), std::sin(2 * a));
          }},
         {"Clover", rose(3, 0.0)},
         {"Flower", rose(8, 0.45)},
         {"Triangle", [](double t) { return polygonPoint(starCorners(3, 1), t); }},
-        {"Harmonics", [](double t) {
+        {"Harmonics",
+         [](double t) {
              const double a = 2 * pi * t;
              return QPointF((std::cos(a) + 0.5 * std::cos(3 * a)) / 1.5,
                             (std::sin(a) + 0.5 * std::sin(5 * a)) / 1.5);
          }},
-        {"Noise", [](double t) {
+        {"Noise",
+         [](double t) {
              const double a = 2 * pi * t;
              return QPointF(0.6 * std::sin(a) + 0.4 * std::sin(7 * a + 1),
                             0.6 * std::sin(2 * a + 0.5) + 0.4 * std::sin(5 * a + 2));
          }},
         {"Pentacle", [](double t) { return polygonPoint(starCorners(5, 2), t); }},
-        {"Skating", [](double t) {
+        {"Skating",
+         [](double t) {
              const double a = 2 * pi * t;
              return QPointF((std::cos(a) + 0.35 * std::cos(4 * a)) / 1.35,
                             (std::sin(a) - 0.35 * std::sin(4 * a)) / 1.35);
@@ -168,20 +176,24 @@ void addLinears(ImageCatalogue& c)
         {"Strobe", [](double t) { return std::fmod(t * 6, 1.0) < 0.15 ? 1.0 : 0.0; }},
         {"Flicker", [](double t) { return 0.25 + 0.75 * noise(int(t * 24)); }},
         {"On Off", [](double t) { return std::fmod(t * 2, 1.0) < 0.5 ? 1.0 : 0.0; }},
-        {"Wander", [](double t) {
+        {"Wander",
+         [](double t) {
              return 0.5 + 0.3 * std::sin(2 * pi * t * 1.3) + 0.18 * std::sin(2 * pi * t * 3.7 + 1);
          }},
-        {"Sparkle", [](double t) {
+        {"Sparkle",
+         [](double t) {
              const int slot = int(t * 40);
              return noise(slot + 7) > 0.78 && std::fmod(t * 40, 1.0) < 0.5 ? 1.0 : 0.08;
          }},
-        {"Mountain", [](double t) {
+        {"Mountain",
+         [](double t) {
              const double peaks[4] = {0.6, 1.0, 0.45, 0.8};
              const double x = t * 4;
              const int i = std::min(int(x), 3);
              return peaks[i] * (1 - std::fabs(2 * (x - i) - 1));
          }},
-        {"Skyline", [](double t) {
+        {"Skyline",
+         [](double t) {
              const double blocks[8] = {0.35, 0.7, 0.5, 1.0, 0.25, 0.85, 0.55, 0.4};
              return blocks[std::min(int(t * 8), 7)];
          }},
@@ -211,10 +223,12 @@ void addColours(ImageCatalogue& c)
         freak.push_back(QColor::fromHsv(int(noise(i + 3) * 359), 255, 255));
     const std::vector<Palette> palettes = {
         {"Rainbow", rainbow, true},
-        {"Harlequin", {QColor(230, 20, 40), QColor(250, 210, 0), QColor(20, 90, 230),
-                       QColor(30, 170, 60)}, false},
-        {"Flames", {QColor(160, 10, 0), QColor(255, 60, 0), QColor(255, 150, 0),
-                    QColor(255, 230, 60)}, true},
+        {"Harlequin",
+         {QColor(230, 20, 40), QColor(250, 210, 0), QColor(20, 90, 230), QColor(30, 170, 60)},
+         false},
+        {"Flames",
+         {QColor(160, 10, 0), QColor(255, 60, 0), QColor(255, 150, 0), QColor(255, 230, 60)},
+         true},
         {"Meadow", {QColor(20, 110, 20), QColor(110, 200, 40), QColor(200, 230, 80)}, true},
         {"Cornfield", {QColor(200, 140, 20), QColor(250, 210, 60), QColor(255, 245, 150)}, true},
         {"Aqua", {QColor(0, 70, 200), QColor(0, 170, 230), QColor(90, 240, 220)}, true},
