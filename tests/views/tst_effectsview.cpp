@@ -55,6 +55,7 @@ private slots:
     void doubleClicksKeepInsertionOrder();
     void effectsDriveTheOutput_data();
     void effectsDriveTheOutput();
+    void selectKeysGiveAndRecordEffects();
 
 private:
     ParameterCell* cell(int effect, int kind) const
@@ -366,6 +367,35 @@ void TestEffectsView::effectsDriveTheOutput()
         output << r->dmxOutput[first + slot];
     QCOMPARE(output, levels);
     Lumidesk::instance()->setConsole(nullptr);
+}
+
+// The console's own way: select device 5, effect mode, select key 1 (the
+// demo's circle), record memory 7 with "Rec All", then key 1 again.
+void TestEffectsView::selectKeysGiveAndRecordEffects()
+{
+    cleanup();
+    EngineSession s(QStringLiteral("glowproEngine"), 0);
+    ConsoleStateRecord* r = s.record();
+    const int pan = s.cache()->deviceFirstAddress(4);
+    s.tap(57);
+    s.tap(24 + 4);
+    QVERIFY(s.step(25));
+    const QByteArray home(reinterpret_cast<const char*>(r->dmxOutput) + pan, 4);
+    s.tap(58);
+    s.tap(24);
+    QVERIFY(s.step(250));
+    QVERIFY(QByteArray(reinterpret_cast<const char*>(r->dmxOutput) + pan, 4) != home);
+    s.press(89);
+    s.tap(6);
+    s.release(89);
+    s.tap(24);
+    QVERIFY(s.step(25));
+
+    const MemoryRecord& memory = r->memories[6];
+    QCOMPARE(int(memory.hasEffect), 1);
+    QCOMPARE(int(memory.content.reserved[4]), 1); // shape family, device 5: effect 1
+    QCOMPARE(int(memory.content.reserved[5]), 0); // not selected: none
+    QCOMPARE(QByteArray(reinterpret_cast<const char*>(r->dmxOutput) + pan, 4), home);
 }
 
 int main(int argc, char** argv)
