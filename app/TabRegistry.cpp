@@ -4,6 +4,8 @@
 #include <type_traits>
 
 #include "DMXView.h"
+#include "EffectsView.h"
+#include "GroupsView.h"
 #include "MainFrame.h"
 #include "OutputView.h"
 #include "SequencesView.h"
@@ -30,6 +32,8 @@ const TabRegistry& TabRegistry::standard()
     static const TabRegistry views = [] {
         TabRegistry table;
         table.setFactory(MainFrame::DmxTab, viewFactory<DMXView>());
+        table.setFactory(MainFrame::EffectsTab, viewFactory<EffectsView>());
+        table.setFactory(MainFrame::GroupsTab, viewFactory<GroupsView>());
         table.setFactory(MainFrame::OutputTab, viewFactory<OutputView>());
         table.setFactory(MainFrame::SequencesTab, viewFactory<SequencesView>());
         table.setFactory(MainFrame::SystemTab, viewFactory<SystemView>());

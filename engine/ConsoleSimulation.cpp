@@ -107,6 +107,7 @@ void ConsoleSimulation::resetLive()
 {
     for (CuePlayer& player : players_)
         player.reset();
+    effects_.reset();
     live_.flashHeld.reset();
     live_.channelFlash.reset();
     live_.pause = false;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CuePlayer.h"
+#include "EffectEngine.h"
 #include "LiveState.h"
 #include "ModelProfile.h"
 #include "OutputMixer.h"
@@ -154,6 +155,12 @@ private:
     quint16 playbackRate(int playback) const;
     quint16 playbackFade(int playback) const;
 
+    // Effects (ConsoleSimulationEffects.cpp): which effects the programmer,
+    // the memory faders and the live steps run, advanced once a tick.
+    void runEffects(int milliseconds);
+    void pressEffectKey(int key);
+    void storeEffects(ContentRecord& content, bool selectedDevicesOnly) const;
+
     ConsoleStateRecord* record_;
     EngineNotifier& notifier_;
     ModelProfile profile_;
@@ -164,6 +171,7 @@ private:
     std::array<CuePlayer, 13> players_{};
     PanelController panel_;
     PanelFeedback feedback_;
+    EffectEngine effects_;
     quint16 stackRate_ = 256;
     bool dirty_ = true;
     bool showChanged_ = false;

@@ -245,6 +245,7 @@ void ConsoleSimulation::tick(int milliseconds)
     consumeDmxWrites();
     runSequences();
     advancePlayers(milliseconds);
+    runEffects(milliseconds);
     if (dirty_)
         refresh();
     if (showChanged_) {
@@ -260,6 +261,7 @@ void ConsoleSimulation::refresh()
     runSequences(); // a sequence starts as soon as its fader leaves zero
     for (CuePlayer& player : players_)
         player.applyParameters(live_);
+    effects_.apply(*record_, profile_, live_);
     mixChannels();
     publishOutput();
     publishFaders();

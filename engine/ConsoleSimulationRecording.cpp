@@ -47,6 +47,8 @@ void ConsoleSimulation::recordMemory(int fader, bool selectedDevicesOnly)
     MemoryRecord& memory = record_->memories[page * ConsoleStateRecord::memoriesPerPage + fader];
     captureLive(memory.content, record_->blindMode ? record_->blindLevels : record_->channelLevels,
                 selectedDevicesOnly);
+    storeEffects(memory.content, selectedDevicesOnly);
+    memory.hasEffect = EffectEngine::contentHasEffects(memory.content) ? 1 : 0;
     memory.recorded = 1;
     showChanged_ = true;
     notifier_.send(ConsoleCode::MemoryChanged, page, fader);
@@ -66,7 +68,8 @@ void ConsoleSimulation::recordStackCue()
     StepRecord& step = record_->stackSteps[index];
     step.contentType = stepDirectCue;
     step.contentIndex = quint16(index);
-    step.flags = 0x01;
+    storeEffects(record_->cueContents[index], false);
+    step.flags = EffectEngine::contentHasEffects(record_->cueContents[index]) ? 0x21 : 0x01;
     if (players_[stackPlayback].next() < 0)
         players_[stackPlayback].setNext(index);
     showChanged_ = true;
@@ -127,6 +130,8 @@ void ConsoleSimulation::pressSelectKey(int key, bool recording)
             showChanged_ = true;
             notifier_.send(ConsoleCode::PaletteChanged, key);
         }
+    } else {
+        pressEffectKey(key);
     }
     dirty_ = true;
 }

@@ -54,6 +54,7 @@ void DemoShow::fill(ConsoleStateRecord* record, const ModelProfile& profile)
     if (profile.isMaple()) {
         fillDevices(record);
         fillPalettesAndGroups(record);
+        fillEffects(record);
     }
     fillMemories(record, profile);
     fillStack(record, profile);
@@ -224,4 +225,42 @@ void DemoShow::fillSequence(ConsoleStateRecord* record)
     chase.stepCount = 4;
     chase.mode = 0; // loop
     TextCell::setLines(chase.name, QStringLiteral("Chase"));
+}
+
+void DemoShow::fillEffects(ConsoleStateRecord* record)
+{
+    struct Effect
+    {
+        int number;
+        const char* name;
+        quint8 pattern;
+        quint16 speed, depth, aspect, rotation, base, range, direction;
+    };
+    // One effect a line.
+    // clang-format off
+    static const Effect effects[] = {
+        {0, "Circle", 0, 32, 90, 0, 0, 0, 0, 0},
+        {1, "Square", 1, 24, 70, 0, 0, 0, 0, 0},
+        {2, "Eight", 2, 20, 100, 64, 0, 0, 0, 2},
+        {3, "Flower", 5, 16, 80, 0, 45, 0, 0, 1},
+        {12, "Strobe", 1, 255, 0, 40, 0, 0, 255, 0},
+        {13, "Saw", 8, 32, 0, 0, 0, 0, 255, 0},
+        {14, "Flicker", 2, 64, 0, 0, 0, 100, 155, 0},
+        {24, "Rainbow", 0, 16, 511, 0, 0, 0, 255, 0},
+        {25, "Primary", 10, 32, 511, 0, 0, 0, 255, 0},
+        {26, "Flames", 2, 40, 460, 0, 0, 0, 255, 2},
+    };
+    // clang-format on
+    for (const Effect& e : effects) {
+        EffectRecord& effect = record->effects[e.number];
+        effect.pattern = e.pattern;
+        effect.speed = e.speed;
+        effect.depth = e.depth;
+        effect.aspect = e.aspect;
+        effect.rotation = e.rotation;
+        effect.base = e.base;
+        effect.range = e.range;
+        effect.direction = e.direction;
+        TextCell::setLines(effect.name, QString::fromLatin1(e.name));
+    }
 }

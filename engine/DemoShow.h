@@ -6,7 +6,7 @@ struct ModelProfile;
 
 // The show a simulated console holds on its very first start, so that every
 // tab has something to show: legends, page names, a patch, memories, a stack
-// with cues, a chase sequence and, on Maple, devices, palettes and groups.
+// with cues, a chase sequence and, on Maple, devices, palettes, groups and effects.
 class DemoShow
 {
 public:
@@ -20,4 +20,5 @@ private:
     static void fillSequence(ConsoleStateRecord* record);
     static void fillDevices(ConsoleStateRecord* record);
     static void fillPalettesAndGroups(ConsoleStateRecord* record);
+    static void fillEffects(ConsoleStateRecord* record);
 };

@@ -30,6 +30,11 @@ struct LiveState
     // the palette it follows (index + 1, 0 for a plain value).
     std::array<quint8, parameters> parameterValue{};
     std::array<quint8, parameters> parameterPalette{};
+    // The running effects' overlay: a parameter whose bit is set shows
+    // effectValue instead; a device's intensity is scaled by effectIntensity.
+    std::bitset<parameters> effectSet;
+    std::array<quint8, parameters> effectValue{};
+    std::array<quint8, ContentRecord::deviceCount> effectIntensity{};
 
     bool blackout = false;
     bool solo = false;
@@ -38,7 +43,11 @@ struct LiveState
     int crossfadeSide = 0; // the end the crossfader pair rests at: 0 bottom, 1 top
     std::array<quint8, 2> crossfader{};
 
-    LiveState() { loadedPage.fill(-1); }
+    LiveState()
+    {
+        loadedPage.fill(-1);
+        effectIntensity.fill(255);
+    }
 
     static int parameterIndex(int device, int parameter)
     {

@@ -85,6 +85,7 @@ void OutputMixer::mixDevices(const LiveState& live, const ModelProfile& profile,
         int intensity = scaled(r.channelLevels[profile.firstDeviceChannel() + d], grandMaster);
         if (live.highlight && r.deviceSelected[d])
             intensity = grandMaster;
+        intensity = scaled(intensity, live.effectIntensity[size_t(d)]);
         const bool ownIntensity =
             std::find(personality->layout.begin(), personality->layout.end(),
                       PersonalityLibrary::intensitySlot) != personality->layout.end();
@@ -97,11 +98,12 @@ void OutputMixer::mixDevices(const LiveState& live, const ModelProfile& profile,
                 continue;
             }
             const size_t index = size_t(LiveState::parameterIndex(d, parameter));
-            int value = live.parameterValue[index];
+            const bool effect = live.effectSet.test(index);
+            int value = effect ? live.effectValue[index] : live.parameterValue[index];
             if (!ownIntensity && isColourMix(parameter))
                 value = scaled(value, intensity);
             output_[address] = std::max(output_[address], quint8(value));
-            palette_[address] = live.parameterPalette[index];
+            palette_[address] = effect ? quint8(0) : live.parameterPalette[index];
         }
     }
 }

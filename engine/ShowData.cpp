@@ -128,6 +128,9 @@ void ShowData::clearShow(ConsoleStateRecord* record)
     zero(record->effects);
     for (EffectRecord& effect : record->effects)
         effect.pattern = noEffect;
+    // A colour effect's chroma counts from 256: an empty one shows 0 %.
+    for (int e = 24; e < 36; ++e)
+        record->effects[e].depth = 256;
 }
 
 void ShowData::resetSettings(ConsoleStateRecord* record, const ModelProfile& profile)

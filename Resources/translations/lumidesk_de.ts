@@ -337,6 +337,99 @@
     </message>
 </context>
 <context>
+    <name>EffectsView</name>
+    <message>
+        <source>Shape
+Effects</source>
+        <translation>Form-
+Effekte</translation>
+    </message>
+    <message>
+        <source>Linear
+Effects</source>
+        <translation>Lineare
+Effekte</translation>
+    </message>
+    <message>
+        <source>Color
+Effects</source>
+        <translation>Farb-
+Effekte</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Chroma</source>
+        <translation>Sättigung</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Tiefe</translation>
+    </message>
+    <message>
+        <source>Aspect</source>
+        <translation>Seitenverh.</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Drehung</translation>
+    </message>
+    <message>
+        <source>Base</source>
+        <translation>Basis</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Bereich</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Stil</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Kein</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vorwärts</translation>
+    </message>
+    <message>
+        <source>Backward</source>
+        <translation>Rückwärts</translation>
+    </message>
+    <message>
+        <source>Bounce</source>
+        <translation>Hin und her</translation>
+    </message>
+    <message>
+        <source>Effects Edit</source>
+        <translation>Effekte bearbeiten</translation>
+    </message>
+    <message>
+        <source>Shape effects</source>
+        <translation>Formeffekte</translation>
+    </message>
+    <message>
+        <source>Linear effects</source>
+        <translation>Lineare Effekte</translation>
+    </message>
+    <message>
+        <source>Color effects</source>
+        <translation>Farbeffekte</translation>
+    </message>
+    <message>
+        <source>SELECT</source>
+        <translation>AUSWAHL</translation>
+    </message>
+</context>
+<context>
     <name>GMButtonRow</name>
     <message>
         <source>IND 1</source>
@@ -385,6 +478,21 @@
     <message>
         <source>PAGE</source>
         <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>GroupsView</name>
+    <message>
+        <source>GROUP</source>
+        <translation>GRUPPE</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>DEVICE</source>
+        <translation>GERÄT</translation>
     </message>
 </context>
 <context>

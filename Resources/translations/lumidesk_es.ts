@@ -337,6 +337,99 @@
     </message>
 </context>
 <context>
+    <name>EffectsView</name>
+    <message>
+        <source>Shape
+Effects</source>
+        <translation>Efectos
+de forma</translation>
+    </message>
+    <message>
+        <source>Linear
+Effects</source>
+        <translation>Efectos
+lineales</translation>
+    </message>
+    <message>
+        <source>Color
+Effects</source>
+        <translation>Efectos
+de color</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source>Chroma</source>
+        <translation>Croma</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Profundidad</translation>
+    </message>
+    <message>
+        <source>Aspect</source>
+        <translation>Aspecto</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Rotación</translation>
+    </message>
+    <message>
+        <source>Base</source>
+        <translation>Base</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Rango</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Estilo</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Ninguno</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Adelante</translation>
+    </message>
+    <message>
+        <source>Backward</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Bounce</source>
+        <translation>Rebote</translation>
+    </message>
+    <message>
+        <source>Effects Edit</source>
+        <translation>Editar efectos</translation>
+    </message>
+    <message>
+        <source>Shape effects</source>
+        <translation>Efectos de forma</translation>
+    </message>
+    <message>
+        <source>Linear effects</source>
+        <translation>Efectos lineales</translation>
+    </message>
+    <message>
+        <source>Color effects</source>
+        <translation>Efectos de color</translation>
+    </message>
+    <message>
+        <source>SELECT</source>
+        <translation>SELECCIÓN</translation>
+    </message>
+</context>
+<context>
     <name>GMButtonRow</name>
     <message>
         <source>IND 1</source>
@@ -385,6 +478,21 @@
     <message>
         <source>PAGE</source>
         <translation>PÁGINA</translation>
+    </message>
+</context>
+<context>
+    <name>GroupsView</name>
+    <message>
+        <source>GROUP</source>
+        <translation>GRUPO</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Grupos</translation>
+    </message>
+    <message>
+        <source>DEVICE</source>
+        <translation>EQUIPO</translation>
     </message>
 </context>
 <context>

@@ -337,6 +337,99 @@
     </message>
 </context>
 <context>
+    <name>EffectsView</name>
+    <message>
+        <source>Shape
+Effects</source>
+        <translation>Effets
+de forme</translation>
+    </message>
+    <message>
+        <source>Linear
+Effects</source>
+        <translation>Effets
+linéaires</translation>
+    </message>
+    <message>
+        <source>Color
+Effects</source>
+        <translation>Effets
+de couleur</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Vitesse</translation>
+    </message>
+    <message>
+        <source>Chroma</source>
+        <translation>Chroma</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Amplitude</translation>
+    </message>
+    <message>
+        <source>Aspect</source>
+        <translation>Aspect</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Rotation</translation>
+    </message>
+    <message>
+        <source>Base</source>
+        <translation>Base</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Plage</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Style</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Aucun</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Avant</translation>
+    </message>
+    <message>
+        <source>Backward</source>
+        <translation>Arrière</translation>
+    </message>
+    <message>
+        <source>Bounce</source>
+        <translation>Aller-retour</translation>
+    </message>
+    <message>
+        <source>Effects Edit</source>
+        <translation>Édition des effets</translation>
+    </message>
+    <message>
+        <source>Shape effects</source>
+        <translation>Effets de forme</translation>
+    </message>
+    <message>
+        <source>Linear effects</source>
+        <translation>Effets linéaires</translation>
+    </message>
+    <message>
+        <source>Color effects</source>
+        <translation>Effets de couleur</translation>
+    </message>
+    <message>
+        <source>SELECT</source>
+        <translation>SÉLECTION</translation>
+    </message>
+</context>
+<context>
     <name>GMButtonRow</name>
     <message>
         <source>IND 1</source>
@@ -385,6 +478,21 @@
     <message>
         <source>PAGE</source>
         <translation>PAGE</translation>
+    </message>
+</context>
+<context>
+    <name>GroupsView</name>
+    <message>
+        <source>GROUP</source>
+        <translation>GROUPE</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Groupes</translation>
+    </message>
+    <message>
+        <source>DEVICE</source>
+        <translation>APPAREIL</translation>
     </message>
 </context>
 <context>

@@ -337,6 +337,99 @@
     </message>
 </context>
 <context>
+    <name>EffectsView</name>
+    <message>
+        <source>Shape
+Effects</source>
+        <translation>Effetti
+forma</translation>
+    </message>
+    <message>
+        <source>Linear
+Effects</source>
+        <translation>Effetti
+lineari</translation>
+    </message>
+    <message>
+        <source>Color
+Effects</source>
+        <translation>Effetti
+colore</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocità</translation>
+    </message>
+    <message>
+        <source>Chroma</source>
+        <translation>Croma</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Ampiezza</translation>
+    </message>
+    <message>
+        <source>Aspect</source>
+        <translation>Aspetto</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Rotazione</translation>
+    </message>
+    <message>
+        <source>Base</source>
+        <translation>Base</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Escursione</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Stile</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nome</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nessuno</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Avanti</translation>
+    </message>
+    <message>
+        <source>Backward</source>
+        <translation>Indietro</translation>
+    </message>
+    <message>
+        <source>Bounce</source>
+        <translation>Avanti e indietro</translation>
+    </message>
+    <message>
+        <source>Effects Edit</source>
+        <translation>Modifica effetti</translation>
+    </message>
+    <message>
+        <source>Shape effects</source>
+        <translation>Effetti forma</translation>
+    </message>
+    <message>
+        <source>Linear effects</source>
+        <translation>Effetti lineari</translation>
+    </message>
+    <message>
+        <source>Color effects</source>
+        <translation>Effetti colore</translation>
+    </message>
+    <message>
+        <source>SELECT</source>
+        <translation>SELEZIONE</translation>
+    </message>
+</context>
+<context>
     <name>GMButtonRow</name>
     <message>
         <source>IND 1</source>
@@ -385,6 +478,21 @@
     <message>
         <source>PAGE</source>
         <translation>PAGINA</translation>
+    </message>
+</context>
+<context>
+    <name>GroupsView</name>
+    <message>
+        <source>GROUP</source>
+        <translation>GRUPPO</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppi</translation>
+    </message>
+    <message>
+        <source>DEVICE</source>
+        <translation>APPARECCHIO</translation>
     </message>
 </context>
 <context>

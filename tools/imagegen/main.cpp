@@ -3,6 +3,7 @@
 //   lumidesk_imagegen <resource folder> [file name ...]
 // With names, only those images are drawn. A contact sheet of everything
 // drawn goes to <resource folder>/../build-preview when --sheet FILE is given.
+#include "EffectImages.h"
 #include "FrontPanelImages.h"
 #include "ImageCatalogue.h"
 #include "WindowImages.h"
@@ -69,6 +70,7 @@ int main(int argc, char** argv)
     addStartupImages(catalogue);
     addWindowImages(catalogue);
     addFrontPanelImages(catalogue);
+    addEffectImages(catalogue);
 
     std::vector<QImage> drawn;
     QStringList names;
