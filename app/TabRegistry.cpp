@@ -1,10 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TabRegistry.h"
 
+#include "MainFrame.h"
+#include "toolkit/ConsoleLink.h"
+#include "views/PatchView.h"
+
 const TabRegistry& TabRegistry::standard()
 {
     // Each editor view adds its factory to this table as it is written.
-    static const TabRegistry views;
+    static const TabRegistry views = [] {
+        TabRegistry table;
+        table.setFactory(MainFrame::PatchTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return new PatchView(ConsoleLink::console(), window, bar);
+        });
+        return table;
+    }();
     return views;
 }
 
