@@ -16,10 +16,12 @@
 
 #include <QDrag>
 #include <QGraphicsScene>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPixmap>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -650,6 +652,39 @@ bool PatchView::dropOnTrashcan(const Payload& payload)
 }
 
 // Tool tips ----------------------------------------------------------------------
+
+bool PatchView::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QGraphicsView::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QString text = toolTipAt(mapToScene(help->pos()));
+    if (text.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(help->globalPos(), text, viewport());
+    return true;
+}
+
+QString PatchView::toolTipAt(const QPointF& scenePos) const
+{
+    // The topmost of the items that explain themselves; legends lie on top.
+    for (QGraphicsItem* item : m_scene->items(scenePos)) {
+        if (auto* cell = dynamic_cast<ChannelCell*>(item))
+            return channelToolTip(cell->channel());
+        if (auto* block = dynamic_cast<UniverseBlock*>(item)) {
+            const int index = UniverseBlock::addressAt(block->mapFromScene(scenePos));
+            return index < 0 ? QString()
+                             : addressToolTip(block->universe() * UniverseBlock::addressesPerUniverse +
+                                              index);
+        }
+        if (auto* midi = dynamic_cast<MidiBlock*>(item)) {
+            const int circuit = MidiBlock::circuitAt(midi->mapFromScene(scenePos));
+            return circuit < 0 ? QString() : circuitToolTip(circuit);
+        }
+    }
+    return QString();
+}
 
 QString PatchView::channelToolTip(int channel) const
 {

@@ -128,7 +128,8 @@ public:
     // Acts on the data of a personality menu action.
     void personalityChosen(const QString& data);
 
-    // Tool tips.
+    // Tool tips: of whatever lies at a scene position, or of one item.
+    QString toolTipAt(const QPointF& scenePos) const;
     QString channelToolTip(int channel) const;
     QString addressToolTip(int address) const;
     QString circuitToolTip(int circuit) const;
@@ -143,6 +144,9 @@ public slots:
     void consoleCacheIndependentsUpdated();
     void consoleCacheDeviceUpdated(int device);
     void consoleCacheOutputsOrChannelsUpdated();
+
+protected:
+    bool viewportEvent(QEvent* event) override;
 
 private:
     void buildScene();

@@ -4,9 +4,7 @@
 #include "console/ConsoleCache.h"
 
 #include <QGraphicsSceneDragDropEvent>
-#include <QGraphicsSceneHelpEvent>
 #include <QGraphicsSceneMouseEvent>
-#include <QToolTip>
 
 PatchView::ChannelCell::ChannelCell(CellRow* row, PatchView* view, int channel)
     : ::ChannelCell(row, view->m_console, channel), m_view(view), m_cache(view->cache())
@@ -62,14 +60,4 @@ void PatchView::ChannelCell::dropEvent(QGraphicsSceneDragDropEvent* event)
 {
     m_view->dropOnChannel(channel(), m_view->parse(event->mimeData()));
     event->acceptProposedAction();
-}
-
-bool PatchView::ChannelCell::sceneEvent(QEvent* event)
-{
-    if (event->type() != QEvent::GraphicsSceneHelp)
-        return ::ChannelCell::sceneEvent(event);
-    const auto* help = static_cast<QGraphicsSceneHelpEvent*>(event);
-    QToolTip::showText(help->screenPos(), m_view->channelToolTip(channel()));
-    event->accept();
-    return true;
 }

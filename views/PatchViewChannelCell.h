@@ -23,7 +23,6 @@ protected:
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void dragEnterEvent(QGraphicsSceneDragDropEvent* event) override;
     void dropEvent(QGraphicsSceneDragDropEvent* event) override;
-    bool sceneEvent(QEvent* event) override;
 
 private:
     PatchView* m_view;

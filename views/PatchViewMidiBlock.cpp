@@ -5,10 +5,8 @@
 #include "toolkit/MakeFont.h"
 
 #include <QGraphicsSceneDragDropEvent>
-#include <QGraphicsSceneHelpEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 
 namespace {
 
@@ -105,17 +103,4 @@ void PatchView::MidiBlock::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 void PatchView::MidiBlock::dragEnterEvent(QGraphicsSceneDragDropEvent* event)
 {
     event->ignore();
-}
-
-bool PatchView::MidiBlock::sceneEvent(QEvent* event)
-{
-    if (event->type() != QEvent::GraphicsSceneHelp)
-        return QGraphicsItem::sceneEvent(event);
-    const auto* help = static_cast<QGraphicsSceneHelpEvent*>(event);
-    const int circuit = circuitAt(mapFromScene(help->scenePos()));
-    if (circuit < 0)
-        return false;
-    QToolTip::showText(help->screenPos(), m_view->circuitToolTip(circuit));
-    event->accept();
-    return true;
 }

@@ -34,7 +34,6 @@ protected:
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void dragEnterEvent(QGraphicsSceneDragDropEvent* event) override;
-    bool sceneEvent(QEvent* event) override;
 
 private:
     PatchView* m_view;

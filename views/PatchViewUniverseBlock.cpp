@@ -5,10 +5,8 @@
 #include "toolkit/MakeFont.h"
 
 #include <QGraphicsSceneDragDropEvent>
-#include <QGraphicsSceneHelpEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 
 namespace {
 
@@ -190,18 +188,4 @@ void PatchView::UniverseBlock::dropEvent(QGraphicsSceneDragDropEvent* event)
     m_view->dropOnAddress(m_universe * addressesPerUniverse + index,
                           m_view->parse(event->mimeData()), event->screenPos());
     event->acceptProposedAction();
-}
-
-bool PatchView::UniverseBlock::sceneEvent(QEvent* event)
-{
-    if (event->type() != QEvent::GraphicsSceneHelp)
-        return QGraphicsItem::sceneEvent(event);
-    const auto* help = static_cast<QGraphicsSceneHelpEvent*>(event);
-    const int index = addressAt(mapFromScene(help->scenePos()));
-    if (index < 0)
-        return false;
-    QToolTip::showText(help->screenPos(),
-                       m_view->addressToolTip(m_universe * addressesPerUniverse + index));
-    event->accept();
-    return true;
 }

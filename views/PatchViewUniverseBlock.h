@@ -59,7 +59,6 @@ protected:
     void dragEnterEvent(QGraphicsSceneDragDropEvent* event) override;
     void dragMoveEvent(QGraphicsSceneDragDropEvent* event) override;
     void dropEvent(QGraphicsSceneDragDropEvent* event) override;
-    bool sceneEvent(QEvent* event) override;
 
 private:
     const QImage& numbers(const QColor& colour);

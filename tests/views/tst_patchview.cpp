@@ -129,6 +129,8 @@ private slots:
     void personalityMenu();
     void addressColours_data();
     void addressColours();
+    void toolTips_data();
+    void toolTips();
     void independentOptions_data();
     void independentOptions();
     void menuPatchedDevicesDriveTheirAddresses();
@@ -323,6 +325,35 @@ void TestPatchView::addressColours()
     Block* block = rig.view.universeBlocks()[address / 512];
     const QImage image = renderItem(*block);
     QCOMPARE(QColor(image.pixel(Block::cellRect(address % 512).topLeft() + QPoint(1, 1))), colour);
+}
+
+void TestPatchView::toolTips_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<QString>("tip");
+    QTest::newRow("channel on two outputs, with MIDI") << "p0=3 p513=3 m2=5" << "ch2"
+                                                      << "Outputs 1:1, 2:2, MIDI:5";
+    QTest::newRow("channel on one output") << "p9=1" << "ch0" << "Output 1:10";
+    QTest::newRow("patched device channel") << "d1=101/4" << "ch49" << "Spot Mode @ Output 1:101";
+    QTest::newRow("device and channel address") << "d1=101/4 p101=5" << "a101"
+                                                << "Int D:2 (Spot Mode), Int A:5";
+    QTest::newRow("independent address") << "p7=74" << "a7" << "IND 2";
+    QTest::newRow("unpatched address") << "" << "a7" << "Unpatched";
+    QTest::newRow("used circuit") << "m30=8" << "midi7" << "Int B:7";
+    QTest::newRow("unused circuit") << "" << "midi7" << "Unpatched";
+}
+
+void TestPatchView::toolTips()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, target);
+    QFETCH(QString, tip);
+    Rig rig;
+    qstrcpy(rig.record()->devices[1].personalityName, "Spot");
+    qstrcpy(rig.record()->devices[1].secondName, "Mode");
+    rig.apply(before);
+    QCOMPARE(rig.view.toolTipAt(rig.at(target)), tip);
 }
 
 void TestPatchView::independentOptions_data()
