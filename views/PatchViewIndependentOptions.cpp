@@ -88,7 +88,7 @@ void PatchView::IndependentOptions::setOnLevelText(int independent, const QStrin
         return;
     const QString trimmed = text.trimmed();
     int level = 255;
-    if (trimmed.compare(QLatin1String("F"), Qt::CaseInsensitive) != 0)
+    if (trimmed != QLatin1String("F"))
         level = ConsoleCache::levelFromPercent(std::clamp(trimmed.toInt(), 0, 100));
     data->setIndependentOnLevel(independent, level);
     m_view->m_console->independentsChanged();
