@@ -247,7 +247,13 @@ void PatchView::consoleCacheDeviceUpdated(int)
 
 void PatchView::consoleCacheOutputsOrChannelsUpdated()
 {
-    refreshItems();
+    // Levels show only in the cells; the address blocks stay as they are.
+    for (ChannelCell* cell : std::as_const(m_channelCells))
+        cell->update();
+    for (IndependentCell* cell : m_independentCells) {
+        if (cell)
+            cell->update();
+    }
 }
 
 // Selection ----------------------------------------------------------------------
