@@ -36,7 +36,8 @@ template <typename Case, std::size_t N> void addRows(const Case (&cases)[N])
 // A Maple on the fake engine with its patch view.
 struct Rig
 {
-    FakeEngine engine{ConsoleCache::ModelMaple};
+    explicit Rig(ConsoleCache::ConsoleType model = ConsoleCache::ModelMaple) : engine(model) {}
+    FakeEngine engine;
     std::unique_ptr<Console> console{engine.createConsole()};
     PatchView view{console.get(), nullptr};
     QGraphicsScene& scene = *view.patchScene();
@@ -119,6 +120,8 @@ class TestPatchView : public QObject
     Q_OBJECT
 
 private slots:
+    void sceneFollowsTheModel_data();
+    void sceneFollowsTheModel();
     void drops_data();
     void drops();
     void pressesHitTheBlockCells_data();
@@ -135,6 +138,37 @@ private slots:
     void independentOptions();
     void menuPatchedDevicesDriveTheirAddresses();
 };
+
+void TestPatchView::sceneFollowsTheModel_data()
+{
+    QTest::addColumn<int>("model");
+    QTest::addColumn<int>("channels");
+    QTest::addColumn<int>("universes");
+    QTest::newRow("Alder") << int(ConsoleCache::ModelAlder) << 48 << 1;
+    QTest::newRow("Birch") << int(ConsoleCache::ModelBirch) << 96 << 1;
+    QTest::newRow("Cedar") << int(ConsoleCache::ModelCedar) << 96 << 1;
+    QTest::newRow("Maple") << int(ConsoleCache::ModelMaple) << 72 << 2;
+}
+
+void TestPatchView::sceneFollowsTheModel()
+{
+    QFETCH(int, model);
+    QFETCH(int, channels);
+    QFETCH(int, universes);
+    Rig rig{ConsoleCache::ConsoleType(model)};
+    rig.engine.notify(ConsoleCode::System, 0);
+    rig.engine.notify(ConsoleCode::System, 1);
+    QCoreApplication::processEvents(); // the rebuild on a loaded show
+    QCOMPARE(rig.view.channelCells().size(), channels);
+    QCOMPARE(rig.view.channelCells().last()->channel(), channels - 1);
+    QCOMPARE(rig.view.universeBlocks().size(), universes);
+    QCOMPARE(rig.view.midiBlock() != nullptr, universes == 2);
+    const QRectF table = rig.view.channelTable()->sceneBoundingRect();
+    QCOMPARE(rig.view.universeBlocks().first()->y(), table.bottom() + 5);
+    const QRectF independents = rig.view.independentTable()->sceneBoundingRect();
+    const QRectF trash = rig.view.trashcan()->sceneBoundingRect();
+    QCOMPARE(trash.topRight(), independents.bottomRight() + QPointF(0, 5));
+}
 
 void TestPatchView::drops_data()
 {
