@@ -455,8 +455,8 @@ bool PatchView::dropOnAddress(int address, const Payload& payload, const QPoint&
     ConsoleCache* c = cache();
     if (!c || address < 0 || address >= addressLimit() || payload.numbers.isEmpty())
         return false;
-    const int space = UniverseBlock::addressesPerUniverse -
-                      address % UniverseBlock::addressesPerUniverse;
+    const int space =
+        UniverseBlock::addressesPerUniverse - address % UniverseBlock::addressesPerUniverse;
     const int first = c->firstDeviceChannel();
     QList<int> values;
     switch (payload.keyword) {
@@ -509,15 +509,14 @@ QMenu* PatchView::buildPersonalityMenu(int deviceChannels, int space)
             [this](QAction* action) { personalityChosen(action->data().toString()); });
     const QList<RecordArea::Personality> personalities = cache()->personalities();
     if (personalities.isEmpty()) {
-        QAction* cancel = menu->addAction(QLatin1Char('<') + tr("missing personalities") +
-                                          QLatin1Char('>'));
+        QAction* cancel =
+            menu->addAction(QLatin1Char('<') + tr("missing personalities") + QLatin1Char('>'));
         cancel->setData(QStringLiteral("Cancel"));
         return menu;
     }
-    const std::array<QMenu*, 4> ranges{menu->addMenu(QStringLiteral("A - D")),
-                                       menu->addMenu(QStringLiteral("E - M")),
-                                       menu->addMenu(QStringLiteral("N - S")),
-                                       menu->addMenu(QStringLiteral("T - Z"))};
+    const std::array<QMenu*, 4> ranges{
+        menu->addMenu(QStringLiteral("A - D")), menu->addMenu(QStringLiteral("E - M")),
+        menu->addMenu(QStringLiteral("N - S")), menu->addMenu(QStringLiteral("T - Z"))};
     QMenu* maker = nullptr;
     QString makerName;
     for (const RecordArea::Personality& p : personalities) {
@@ -529,12 +528,12 @@ QMenu* PatchView::buildPersonalityMenu(int deviceChannels, int space)
                         ? menu->addMenu(makerName.mid(1))
                         : ranges[size_t(letterRange(makerName))]->addMenu(makerName);
         }
-        QAction* action = maker->addAction(p.name + QStringLiteral(" (") +
-                                           QString::number(p.footprint) + QLatin1Char(' ') +
-                                           tr("channels") + QLatin1Char(')'));
+        QAction* action =
+            maker->addAction(p.name + QStringLiteral(" (") + QString::number(p.footprint) +
+                             QLatin1Char(' ') + tr("channels") + QLatin1Char(')'));
         action->setEnabled(p.footprint * deviceChannels <= space);
-        action->setData(QStringLiteral("PatchDevice/") + QString::number(p.id) +
-                        QLatin1Char('/') + QString::number(p.footprint));
+        action->setData(QStringLiteral("PatchDevice/") + QString::number(p.id) + QLatin1Char('/') +
+                        QString::number(p.footprint));
     }
     return menu;
 }
@@ -681,8 +680,8 @@ QString PatchView::toolTipAt(const QPointF& scenePos) const
         if (auto* block = dynamic_cast<UniverseBlock*>(item)) {
             const int index = UniverseBlock::addressAt(block->mapFromScene(scenePos));
             return index < 0 ? QString()
-                             : addressToolTip(block->universe() * UniverseBlock::addressesPerUniverse +
-                                              index);
+                             : addressToolTip(
+                                   block->universe() * UniverseBlock::addressesPerUniverse + index);
         }
         if (auto* midi = dynamic_cast<MidiBlock*>(item)) {
             const int circuit = MidiBlock::circuitAt(midi->mapFromScene(scenePos));
@@ -711,7 +710,8 @@ QString PatchView::channelToolTip(int channel) const
         c->isDevicePatched(device)) {
         parts.append(c->devicePersonalityName(device) + QLatin1Char(' ') +
                      c->deviceSecondName(device) + QStringLiteral(" @ ") + tr("Output") +
-                     QLatin1Char(' ') + ConsoleCache::dmxAddressText(c->deviceFirstAddress(device)));
+                     QLatin1Char(' ') +
+                     ConsoleCache::dmxAddressText(c->deviceFirstAddress(device)));
     }
     if (const int midi = c->record()->midiCircuits[channel])
         parts.append(QStringLiteral("MIDI:") + QString::number(midi));

@@ -5,8 +5,8 @@
 #include "toolkit/Tab.h"
 
 #include <QGraphicsView>
-#include <QMenu>
 #include <QList>
+#include <QMenu>
 #include <QPointer>
 #include <QString>
 

@@ -31,9 +31,8 @@ QRectF valueRect(int line, int independent)
 } // namespace
 
 PatchView::IndependentOptions::IndependentOptions(PatchView* view)
-    : m_view(view),
-      m_labels{PatchView::tr("On level"), PatchView::tr("Button mode"),
-               PatchView::tr("Affected by GM")},
+    : m_view(view), m_labels{PatchView::tr("On level"), PatchView::tr("Button mode"),
+                             PatchView::tr("Affected by GM")},
       m_labelFont(makeFont(QStringLiteral("Gill Sans MT"), 9)),
       m_valueFont(makeFont(QStringLiteral("Gill Sans MT"), valueFontSize))
 {

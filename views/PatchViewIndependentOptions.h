@@ -26,7 +26,10 @@ public:
 
     // Re-reads the options from the record.
     void refresh();
-    InPlaceEditableText* onLevelText(int independent) const { return m_onLevels[size_t(independent)]; }
+    InPlaceEditableText* onLevelText(int independent) const
+    {
+        return m_onLevels[size_t(independent)];
+    }
     QString buttonModeText(int independent) const;
     QString grandMasterText(int independent) const;
     // Stores a typed on level: "F" is full, else a percentage.

@@ -34,10 +34,10 @@ void PatchView::Trashcan::paint(QPainter* painter, const QStyleOptionGraphicsIte
     if (!image.isNull()) {
         const QSize room(itemWidth, itemHeight - labelHeight);
         const QSize size = image.size().scaled(room, Qt::KeepAspectRatio).boundedTo(image.size());
-        painter->drawImage(QRect(QPoint((itemWidth - size.width()) / 2,
-                                        (room.height() - size.height()) / 2),
-                                 size),
-                           image);
+        painter->drawImage(
+            QRect(QPoint((itemWidth - size.width()) / 2, (room.height() - size.height()) / 2),
+                  size),
+            image);
     }
     painter->setFont(m_font);
     painter->setPen(QColor(176, 176, 176));

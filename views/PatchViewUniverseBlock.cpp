@@ -24,16 +24,18 @@ const QColor otherPen(216, 197, 158);
 const QColor unpatchedPen(176, 176, 176);
 const QColor unpatchedText(72, 72, 72);
 
-constexpr int pitchX = PatchView::UniverseBlock::cellWidth + PatchView::UniverseBlock::horizontalGap;
+constexpr int pitchX =
+    PatchView::UniverseBlock::cellWidth + PatchView::UniverseBlock::horizontalGap;
 constexpr int pitchY = PatchView::UniverseBlock::cellHeight + PatchView::UniverseBlock::verticalGap;
-constexpr int cellsTop = PatchView::UniverseBlock::titleHeight + PatchView::UniverseBlock::topMargin;
-constexpr int cellsLeft = PatchView::UniverseBlock::headerWidth + PatchView::UniverseBlock::leftMargin;
+constexpr int cellsTop =
+    PatchView::UniverseBlock::titleHeight + PatchView::UniverseBlock::topMargin;
+constexpr int cellsLeft =
+    PatchView::UniverseBlock::headerWidth + PatchView::UniverseBlock::leftMargin;
 
 } // namespace
 
 PatchView::UniverseBlock::UniverseBlock(PatchView* view, int universe)
-    : m_view(view), m_universe(universe),
-      m_titleFont(makeFont(QStringLiteral("Gill Sans MT"), 11)),
+    : m_view(view), m_universe(universe), m_titleFont(makeFont(QStringLiteral("Gill Sans MT"), 11)),
       m_numberFont(makeFont(QStringLiteral("Gill Sans MT"), 7))
 {
     const ConsoleCache* data = view->cache();
@@ -100,9 +102,9 @@ const QImage& PatchView::UniverseBlock::numbers(const QColor& colour)
     painter.setFont(m_numberFont);
     painter.setPen(colour);
     for (int i = 0; i < addressesPerUniverse; ++i) {
-        painter.drawText(QRect(i % columns * cellWidth, i / columns * cellHeight, cellWidth,
-                               cellHeight),
-                         Qt::AlignCenter, QString::number(i + 1));
+        painter.drawText(
+            QRect(i % columns * cellWidth, i / columns * cellHeight, cellWidth, cellHeight),
+            Qt::AlignCenter, QString::number(i + 1));
     }
     painter.end();
     return *m_numbers.insert(colour.rgb(), image);
@@ -123,8 +125,8 @@ void PatchView::UniverseBlock::paint(QPainter* painter, const QStyleOptionGraphi
     const int base = m_universe * addressesPerUniverse;
     for (int i = 0; i < addressesPerUniverse; ++i) {
         const int address = base + i;
-        const CellColours colours =
-            coloursOf(caches->addressFlags[size_t(address)], caches->addressDevice[size_t(address)]);
+        const CellColours colours = coloursOf(caches->addressFlags[size_t(address)],
+                                              caches->addressDevice[size_t(address)]);
         const QRect rect = cellRect(i);
         if (colours.fill.isValid())
             painter->fillRect(rect, colours.fill);
@@ -133,9 +135,9 @@ void PatchView::UniverseBlock::paint(QPainter* painter, const QStyleOptionGraphi
         painter->drawRect(rect.adjusted(0, 0, -1, -1));
         if (selected)
             painter->drawRect(rect.adjusted(1, 1, -2, -2));
-        painter->drawImage(rect.topLeft(), numbers(colours.text),
-                           QRect(i % columns * cellWidth, i / columns * cellHeight, cellWidth,
-                                 cellHeight));
+        painter->drawImage(
+            rect.topLeft(), numbers(colours.text),
+            QRect(i % columns * cellWidth, i / columns * cellHeight, cellWidth, cellHeight));
     }
 }
 

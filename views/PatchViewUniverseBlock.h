@@ -24,7 +24,8 @@ public:
     static constexpr int cellWidth = 32;
     static constexpr int cellHeight = 14;
     static constexpr int blockWidth = 1059;
-    static constexpr int columns = (blockWidth - 2 * leftMargin + horizontalGap) / (horizontalGap + cellWidth);
+    static constexpr int columns =
+        (blockWidth - 2 * leftMargin + horizontalGap) / (horizontalGap + cellWidth);
     static constexpr int rows = (512 + columns - 1) / columns;
     // The title band above the cells; the cells have no header column.
     static constexpr int titleHeight = 18;

@@ -16,7 +16,6 @@
 #include <QImage>
 #include <QPainter>
 
-
 namespace {
 
 PatchView* view = nullptr;
@@ -54,7 +53,8 @@ void BM_RebuildOnPlayLoaded(benchmark::State& state)
 void BM_RepaintBothUniverses(benchmark::State& state)
 {
     const auto& blocks = view->universeBlocks();
-    const QRectF area = blocks.first()->sceneBoundingRect().united(blocks.last()->sceneBoundingRect());
+    const QRectF area =
+        blocks.first()->sceneBoundingRect().united(blocks.last()->sceneBoundingRect());
     QImage frame(area.size().toSize(), QImage::Format_ARGB32_Premultiplied);
     {
         // The first frame after a rebuild renders the address numbers once.

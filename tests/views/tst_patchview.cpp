@@ -141,6 +141,7 @@ private slots:
 
 void TestPatchView::sceneFollowsTheModel_data()
 {
+    // clang-format off
     QTest::addColumn<int>("model");
     QTest::addColumn<int>("channels");
     QTest::addColumn<int>("universes");
@@ -148,6 +149,7 @@ void TestPatchView::sceneFollowsTheModel_data()
     QTest::newRow("Birch") << int(ConsoleCache::ModelBirch) << 96 << 1;
     QTest::newRow("Cedar") << int(ConsoleCache::ModelCedar) << 96 << 1;
     QTest::newRow("Maple") << int(ConsoleCache::ModelMaple) << 72 << 2;
+    // clang-format on
 }
 
 void TestPatchView::sceneFollowsTheModel()
@@ -172,6 +174,7 @@ void TestPatchView::sceneFollowsTheModel()
 
 void TestPatchView::drops_data()
 {
+    // clang-format off
     const DropCase cases[] = {
         {"a channel moves", "p4=4", "Channels 3", "a9", "p4=0 p9=4", {{5}}, ""},
         {"outputs keep a channel's earlier ones", "p0=8", "Outputs 4 5", "ch7", "p0=8 p4=8 p5=8",
@@ -203,6 +206,7 @@ void TestPatchView::drops_data()
         {"channels on the MIDI block", "", "Channels 1", "midi0", "p0=0", {}, ""},
     };
     addRows(cases);
+    // clang-format on
 }
 
 void TestPatchView::drops()
@@ -215,16 +219,18 @@ void TestPatchView::drops()
     rig.drop(QString::fromLatin1(c.text), QString::fromLatin1(c.target));
     QCOMPARE(rig.engine.updates(), c.calls);
     QCOMPARE(answerer.seen.join(QString()), QString::fromLatin1(c.box));
-    for (const QString& word : QString::fromLatin1(c.after).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    for (const QString& word :
+         QString::fromLatin1(c.after).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         const QStringList n = word.mid(1).split(QLatin1Char('='));
-        const quint8* table = word[0] == QLatin1Char('p') ? rig.record()->dmxPatch
-                                                          : rig.record()->midiCircuits;
+        const quint8* table =
+            word[0] == QLatin1Char('p') ? rig.record()->dmxPatch : rig.record()->midiCircuits;
         QCOMPARE(int(table[n[0].toInt()]), n[1].toInt());
     }
 }
 
 void TestPatchView::pressesHitTheBlockCells_data()
 {
+    // clang-format off
     QTest::addColumn<int>("universe");
     QTest::addColumn<QPoint>("at");
     QTest::addColumn<int>("address");
@@ -236,6 +242,7 @@ void TestPatchView::pressesHitTheBlockCells_data()
     QTest::newRow("last row's bottom edge") << 0 << QPoint(2, 259) << 480;
     QTest::newRow("below the last row") << 0 << QPoint(2, 260) << -1;
     QTest::newRow("universe 2's last address") << 1 << QPoint(1056, 259) << 1023;
+    // clang-format on
 }
 
 void TestPatchView::pressesHitTheBlockCells()
@@ -253,6 +260,7 @@ void TestPatchView::pressesHitTheBlockCells()
 
 void TestPatchView::dragsCarryTheSelection_data()
 {
+    // clang-format off
     QTest::addColumn<QStringList>("presses"); // target, "+" for Control
     QTest::addColumn<QString>("payload");
     QTest::newRow("picked channels together") << QStringList{"ch0", "ch5+", "ch6+", "ch0"}
@@ -263,6 +271,7 @@ void TestPatchView::dragsCarryTheSelection_data()
                                             << "Outputs 7 9";
     QTest::newRow("a circuit") << QStringList{"midi5"} << "Circuits 5";
     QTest::newRow("an independent") << QStringList{"ind1"} << "Independents 1";
+    // clang-format on
 }
 
 void TestPatchView::dragsCarryTheSelection()
@@ -285,6 +294,7 @@ void TestPatchView::dragsCarryTheSelection()
 
 void TestPatchView::personalityMenu_data()
 {
+    // clang-format off
     QTest::addColumn<QList<RecordArea::Personality>>("personalities");
     QTest::addColumn<QStringList>("leaves"); // path, "+" enabled or "-"
     QTest::addColumn<QString>("pick");
@@ -300,6 +310,7 @@ void TestPatchView::personalityMenu_data()
         << QStringList{"A - D/Acme/Par (6 channels)+", "T - Z/Zed/Spot (16 channels)-",
                        "Custom/Fog (2 channels)+"}
         << "Par (6 channels)" << QList<Call>{{29, 0, 1, 499}, {29, 1, 1, 505}};
+    // clang-format on
 }
 
 void TestPatchView::personalityMenu()
@@ -333,6 +344,7 @@ void TestPatchView::personalityMenu()
 
 void TestPatchView::addressColours_data()
 {
+    // clang-format off
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("press");
     QTest::addColumn<int>("address");
@@ -344,6 +356,7 @@ void TestPatchView::addressColours_data()
     QTest::newRow("selected device slot") << "d0=11/4" << "a10" << 11 << QColor(153, 140, 113);
     QTest::newRow("conflict") << "d0=11/4 d1=12/4" << "" << 12 << QColor(250, 4, 16);
     QTest::newRow("unpatched") << "" << "" << 600 << QColor(157, 157, 157);
+    // clang-format on
 }
 
 void TestPatchView::addressColours()
@@ -363,6 +376,7 @@ void TestPatchView::addressColours()
 
 void TestPatchView::toolTips_data()
 {
+    // clang-format off
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("target");
     QTest::addColumn<QString>("tip");
@@ -376,6 +390,7 @@ void TestPatchView::toolTips_data()
     QTest::newRow("unpatched address") << "" << "a7" << "Unpatched";
     QTest::newRow("used circuit") << "m30=8" << "midi7" << "Int B:7";
     QTest::newRow("unused circuit") << "" << "midi7" << "Unpatched";
+    // clang-format on
 }
 
 void TestPatchView::toolTips()
@@ -392,6 +407,7 @@ void TestPatchView::toolTips()
 
 void TestPatchView::independentOptions_data()
 {
+    // clang-format off
     QTest::addColumn<QPointF>("doubleClick"); // or typed text at the first independent
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QByteArray>("options"); // on level, mode, GM of A, then of B
@@ -400,6 +416,7 @@ void TestPatchView::independentOptions_data()
     QTest::newRow("on level 40 %") << QPointF() << "40" << QByteArray("\x66\0\0\xff\0\0", 6);
     QTest::newRow("on level F") << QPointF() << "F" << QByteArray("\xff\0\0\xff\0\0", 6);
     QTest::newRow("on level not a number") << QPointF() << "x" << QByteArray("\0\0\0\xff\0\0", 6);
+    // clang-format on
 }
 
 void TestPatchView::independentOptions()
