@@ -321,31 +321,33 @@ QString PatchView::keywordText(Keyword keyword)
 
 QString PatchView::selectionPayload(Keyword keyword) const
 {
-    const bool* flags = nullptr;
-    size_t count = 0;
+    const auto numbers = [](const auto& flags) {
+        QString text;
+        for (size_t i = 0; i < flags.size(); ++i) {
+            if (flags[i])
+                text += QLatin1Char(' ') + QString::number(i);
+        }
+        return text;
+    };
+    QString text;
     switch (keyword) {
     case Keyword::Channels:
-        flags = m_selectedChannels.data(), count = m_selectedChannels.size();
+        text = numbers(m_selectedChannels);
         break;
     case Keyword::Outputs:
-        flags = m_selectedOutputs.data(), count = m_selectedOutputs.size();
+        text = numbers(m_selectedOutputs);
         break;
     case Keyword::Devices:
-        flags = m_selectedDevices.data(), count = m_selectedDevices.size();
+        text = numbers(m_selectedDevices);
         break;
     case Keyword::Circuits:
-        flags = m_selectedCircuits.data(), count = m_selectedCircuits.size();
+        text = numbers(m_selectedCircuits);
         break;
     case Keyword::Independents:
-        flags = m_selectedIndependents.data(), count = m_selectedIndependents.size();
+        text = numbers(m_selectedIndependents);
         break;
     case Keyword::None:
-        return QString();
-    }
-    QString text;
-    for (size_t i = 0; i < count; ++i) {
-        if (flags[i])
-            text += QLatin1Char(' ') + QString::number(i);
+        break;
     }
     return text.isEmpty() ? QString() : keywordText(keyword) + text;
 }
