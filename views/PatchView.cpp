@@ -31,13 +31,13 @@ constexpr int cellsPerRow = 24;
 constexpr std::array<const char*, 5> keywordNames{"Channels", "Outputs", "Devices", "Circuits",
                                                   "Independents"};
 
-struct ChannelRowSpec
+struct ChannelRowLayout
 {
     const char* title;
     int first;
 };
 
-QList<ChannelRowSpec> channelRowsOf(int model)
+QList<ChannelRowLayout> channelRowsOf(int model)
 {
     switch (model) {
     case ConsoleCache::ModelAlder:
@@ -180,14 +180,14 @@ void PatchView::buildScene()
 void PatchView::buildChannelTable(int model)
 {
     const int channels = cache()->channelCount();
-    for (const ChannelRowSpec& spec : channelRowsOf(model)) {
+    for (const ChannelRowLayout& layout : channelRowsOf(model)) {
         auto* numbers = new NumberRow(m_channelTable);
         for (int i = 0; i < cellsPerRow; ++i)
-            new NumberCell(numbers, spec.first + i);
+            new NumberCell(numbers, layout.first + i);
         m_channelTable->addRow(numbers);
-        auto* row = new ChannelRow(m_channelTable, m_console, QString::fromLatin1(spec.title));
-        for (int i = 0; i < cellsPerRow && spec.first + i < channels; ++i)
-            m_channelCells.append(new ChannelCell(row, this, spec.first + i));
+        auto* row = new ChannelRow(m_channelTable, m_console, QString::fromLatin1(layout.title));
+        for (int i = 0; i < cellsPerRow && layout.first + i < channels; ++i)
+            m_channelCells.append(new ChannelCell(row, this, layout.first + i));
         m_channelTable->addRow(row);
     }
 }
