@@ -3,11 +3,13 @@
 
 #include <type_traits>
 
+#include "ConsoleLink.h"
 #include "DMXView.h"
 #include "EffectsView.h"
 #include "GroupsView.h"
 #include "MainFrame.h"
 #include "OutputView.h"
+#include "PatchView.h"
 #include "SequencesView.h"
 #include "SystemView.h"
 
@@ -35,6 +37,9 @@ const TabRegistry& TabRegistry::standard()
         table.setFactory(MainFrame::EffectsTab, viewFactory<EffectsView>());
         table.setFactory(MainFrame::GroupsTab, viewFactory<GroupsView>());
         table.setFactory(MainFrame::OutputTab, viewFactory<OutputView>());
+        table.setFactory(MainFrame::PatchTab, [](MainFrame* window, TitleBar* bar, bool) -> Tab* {
+            return new PatchView(ConsoleLink::console(), window, bar);
+        });
         table.setFactory(MainFrame::SequencesTab, viewFactory<SequencesView>());
         table.setFactory(MainFrame::SystemTab, viewFactory<SystemView>());
         return table;

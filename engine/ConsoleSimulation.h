@@ -124,6 +124,8 @@ private:
     void setShowFileName(const QString& name);
     bool writeShow(const QString& fileName);
 
+    // Device patch (ConsoleSimulationPatch.cpp): the program's patch, move
+    // and unpatch commands, each answered with the device's notification.
     void patchDevice(int device, int personality, int address);
     void unpatchDevice(int device);
     void moveDevice(int device, int address);

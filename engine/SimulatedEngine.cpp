@@ -166,8 +166,13 @@ void SimulatedEngine::run(QString consoleVersion)
     // and the program reports the mismatch.
     if (consoleVersion != version())
         notifier_.setMuted(true);
-    else
+    else {
+        // The show loaded at start reaches the program as a bulk change, so
+        // its caches of the patch are built before anything reads them.
+        notifier_.send(ConsoleCode::System, SystemCode::BulkBegin);
+        notifier_.send(ConsoleCode::System, SystemCode::BulkEnd);
         notifier_.send(38);
+    }
     {
         std::lock_guard<std::mutex> lock(mutex_);
         greeted_ = true;

@@ -713,6 +713,77 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     </message>
 </context>
 <context>
+    <name>PatchView</name>
+    <message>
+        <source>Patch</source>
+        <translation>Patch</translation>
+    </message>
+    <message>
+        <source>Repatch devices</source>
+        <translation>Geräte umpatchen</translation>
+    </message>
+    <message>
+        <source>Could not repatch the selected devices as they would not fit within the universe!</source>
+        <translation>Die ausgewählten Geräte konnten nicht umgepatcht werden, da sie nicht in das Universum passen würden!</translation>
+    </message>
+    <message>
+        <source>missing personalities</source>
+        <translation>fehlende Personalities</translation>
+    </message>
+    <message>
+        <source>channels</source>
+        <translation>Kanäle</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgang</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Ausgänge</translation>
+    </message>
+    <message>
+        <source>Unpatched</source>
+        <translation>Nicht gepatcht</translation>
+    </message>
+    <message>
+        <source>Universe</source>
+        <translation>Universum</translation>
+    </message>
+    <message>
+        <source>Un-patch</source>
+        <translation>Entpatchen</translation>
+    </message>
+    <message>
+        <source>On level</source>
+        <translation>Ein-Pegel</translation>
+    </message>
+    <message>
+        <source>Button mode</source>
+        <translation>Tastenmodus</translation>
+    </message>
+    <message>
+        <source>Affected by GM</source>
+        <translation>Von GM beeinflusst</translation>
+    </message>
+    <message>
+        <source>LATCH</source>
+        <translation>RASTEND</translation>
+    </message>
+    <message>
+        <source>BUMP</source>
+        <translation>TASTEND</translation>
+    </message>
+    <message>
+        <source>YES</source>
+        <translation>JA</translation>
+    </message>
+    <message>
+        <source>NO</source>
+        <translation>NEIN</translation>
+    </message>
+</context>
+<context>
     <name>SequencesView</name>
     <message>
         <source>Seq/Stack edit</source>

@@ -713,6 +713,77 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     </message>
 </context>
 <context>
+    <name>PatchView</name>
+    <message>
+        <source>Patch</source>
+        <translation>Patch</translation>
+    </message>
+    <message>
+        <source>Repatch devices</source>
+        <translation>Repatchear dispositivos</translation>
+    </message>
+    <message>
+        <source>Could not repatch the selected devices as they would not fit within the universe!</source>
+        <translation>No se pudieron repatchear los dispositivos seleccionados porque no cabrían en el universo.</translation>
+    </message>
+    <message>
+        <source>missing personalities</source>
+        <translation>faltan personalidades</translation>
+    </message>
+    <message>
+        <source>channels</source>
+        <translation>canales</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Salida</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Salidas</translation>
+    </message>
+    <message>
+        <source>Unpatched</source>
+        <translation>Sin patch</translation>
+    </message>
+    <message>
+        <source>Universe</source>
+        <translation>Universo</translation>
+    </message>
+    <message>
+        <source>Un-patch</source>
+        <translation>Quitar patch</translation>
+    </message>
+    <message>
+        <source>On level</source>
+        <translation>Nivel de encendido</translation>
+    </message>
+    <message>
+        <source>Button mode</source>
+        <translation>Modo de botón</translation>
+    </message>
+    <message>
+        <source>Affected by GM</source>
+        <translation>Afectado por GM</translation>
+    </message>
+    <message>
+        <source>LATCH</source>
+        <translation>FIJO</translation>
+    </message>
+    <message>
+        <source>BUMP</source>
+        <translation>PULSO</translation>
+    </message>
+    <message>
+        <source>YES</source>
+        <translation>SÍ</translation>
+    </message>
+    <message>
+        <source>NO</source>
+        <translation>NO</translation>
+    </message>
+</context>
+<context>
     <name>SequencesView</name>
     <message>
         <source>Seq/Stack edit</source>

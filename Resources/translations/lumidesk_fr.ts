@@ -713,6 +713,77 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     </message>
 </context>
 <context>
+    <name>PatchView</name>
+    <message>
+        <source>Patch</source>
+        <translation>Patch</translation>
+    </message>
+    <message>
+        <source>Repatch devices</source>
+        <translation>Repatcher les appareils</translation>
+    </message>
+    <message>
+        <source>Could not repatch the selected devices as they would not fit within the universe!</source>
+        <translation>Impossible de repatcher les appareils sélectionnés : ils ne tiendraient pas dans l'univers !</translation>
+    </message>
+    <message>
+        <source>missing personalities</source>
+        <translation>personnalités manquantes</translation>
+    </message>
+    <message>
+        <source>channels</source>
+        <translation>canaux</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Sortie</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Sorties</translation>
+    </message>
+    <message>
+        <source>Unpatched</source>
+        <translation>Non patché</translation>
+    </message>
+    <message>
+        <source>Universe</source>
+        <translation>Univers</translation>
+    </message>
+    <message>
+        <source>Un-patch</source>
+        <translation>Dépatcher</translation>
+    </message>
+    <message>
+        <source>On level</source>
+        <translation>Niveau actif</translation>
+    </message>
+    <message>
+        <source>Button mode</source>
+        <translation>Mode du bouton</translation>
+    </message>
+    <message>
+        <source>Affected by GM</source>
+        <translation>Soumis au GM</translation>
+    </message>
+    <message>
+        <source>LATCH</source>
+        <translation>MAINTIEN</translation>
+    </message>
+    <message>
+        <source>BUMP</source>
+        <translation>FLASH</translation>
+    </message>
+    <message>
+        <source>YES</source>
+        <translation>OUI</translation>
+    </message>
+    <message>
+        <source>NO</source>
+        <translation>NON</translation>
+    </message>
+</context>
+<context>
     <name>SequencesView</name>
     <message>
         <source>Seq/Stack edit</source>

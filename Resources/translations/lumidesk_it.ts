@@ -713,6 +713,77 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     </message>
 </context>
 <context>
+    <name>PatchView</name>
+    <message>
+        <source>Patch</source>
+        <translation>Patch</translation>
+    </message>
+    <message>
+        <source>Repatch devices</source>
+        <translation>Ripatcha dispositivi</translation>
+    </message>
+    <message>
+        <source>Could not repatch the selected devices as they would not fit within the universe!</source>
+        <translation>Impossibile ripatchare i dispositivi selezionati perché non entrerebbero nell'universo!</translation>
+    </message>
+    <message>
+        <source>missing personalities</source>
+        <translation>personalità mancanti</translation>
+    </message>
+    <message>
+        <source>channels</source>
+        <translation>canali</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Uscita</translation>
+    </message>
+    <message>
+        <source>Outputs</source>
+        <translation>Uscite</translation>
+    </message>
+    <message>
+        <source>Unpatched</source>
+        <translation>Non patchato</translation>
+    </message>
+    <message>
+        <source>Universe</source>
+        <translation>Universo</translation>
+    </message>
+    <message>
+        <source>Un-patch</source>
+        <translation>Togli patch</translation>
+    </message>
+    <message>
+        <source>On level</source>
+        <translation>Livello acceso</translation>
+    </message>
+    <message>
+        <source>Button mode</source>
+        <translation>Modalità tasto</translation>
+    </message>
+    <message>
+        <source>Affected by GM</source>
+        <translation>Influenzato dal GM</translation>
+    </message>
+    <message>
+        <source>LATCH</source>
+        <translation>FISSO</translation>
+    </message>
+    <message>
+        <source>BUMP</source>
+        <translation>MOMENTANEO</translation>
+    </message>
+    <message>
+        <source>YES</source>
+        <translation>SÌ</translation>
+    </message>
+    <message>
+        <source>NO</source>
+        <translation>NO</translation>
+    </message>
+</context>
+<context>
     <name>SequencesView</name>
     <message>
         <source>Seq/Stack edit</source>
