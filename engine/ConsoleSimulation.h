@@ -27,7 +27,8 @@ class EngineNotifier;
 // state file, show files), ...Requests.cpp the program's update codes and
 // the DMX ring, ...Playback.cpp playback, mixing and publishing,
 // ...Recording.cpp memories, cues, groups and palettes, ...Panel.cpp the
-// console actions behind the front panel.
+// console actions behind the front panel, ...Memories.cpp the program's
+// memory and palette edits.
 class ConsoleSimulation
 {
 public:
@@ -115,6 +116,11 @@ private:
     void setDeviceDefaults(int device);
     void releaseDeviceAddresses(int device);
     void followPalette(int palette);
+    // Memories and palettes edited by the program (...Memories.cpp): the
+    // content summary, the used flag and what is on stage follow the edit.
+    void memoryEdited(int page, int index);
+    void paletteEdited(int palette);
+    void applyMemoryParameters(int page, int fader);
     void captureLive(ContentRecord& content, const quint8* levels, bool selectedDevicesOnly) const;
     void insertStep(int key, int step, int cue);
     void deleteStep(int key, int step);
