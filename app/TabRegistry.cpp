@@ -1,10 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TabRegistry.h"
 
+#include "MainFrame.h"
+#include "MemoriesView.h"
+#include "PalettesView.h"
+
 const TabRegistry& TabRegistry::standard()
 {
     // Each editor view adds its factory to this table as it is written.
-    static const TabRegistry views;
+    static const TabRegistry views = [] {
+        TabRegistry table;
+        table.setFactory(MainFrame::MemoriesTab, [](MainFrame* w, TitleBar* b, bool) {
+            return MemoriesView::create(w, b);
+        });
+        table.setFactory(MainFrame::PalettesTab, [](MainFrame* w, TitleBar* b, bool) {
+            return PalettesView::create(w, b);
+        });
+        return table;
+    }();
     return views;
 }
 
