@@ -58,8 +58,8 @@ void MemoriesViewFeature::refresh()
     if (!m_timeItem)
         return;
     const Console::Memory memory = m_view->currentMemory();
-    ConsoleCache* cache = ConsoleLink::cache();
-    const bool hasTime = cache && !memory.isStackCue();
+    const ConsoleCache* cache = m_view->cache();
+    const bool hasTime = !memory.isStackCue();
     m_timeItem->setText(
         hasTime ? ConsoleCache::timeText(quint16(cache->memoryTime(memory.page, memory.index)))
                 : QString());

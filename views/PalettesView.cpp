@@ -16,6 +16,9 @@
 namespace {
 constexpr int paletteCount = int(sizeof(ConsoleStateRecord::palettes) / sizeof(PaletteRecord));
 constexpr int groupCount = 3; // Focus, Color, Beam
+// The titles are wider than the label column: they run on into the cell
+// area, and the name follows them.
+constexpr int titleOverhang = 100;
 constexpr int nameLeftGap = 8;
 constexpr int nameWidth = 260;
 
@@ -40,8 +43,9 @@ PalettesView::ParameterGroupRow::ParameterGroupRow(::CellRowTable* table, Palett
       m_font(makeFont(QStringLiteral("Gill Sans MT"), 13))
 {
     m_name = new InPlaceEditableText(
-        this, this, QRectF(table->headerWidth() + nameLeftGap, 0, nameWidth, rowHeight), nameLength,
-        13, Qt::white, Qt::AlignLeft | Qt::AlignVCenter);
+        this, this,
+        QRectF(table->headerWidth() + titleOverhang + nameLeftGap, 0, nameWidth, rowHeight),
+        nameLength, 13, Qt::white, Qt::AlignLeft | Qt::AlignVCenter);
     m_name->setEditable(group < groupCount);
     refresh();
 }
@@ -77,8 +81,7 @@ void PalettesView::ParameterGroupRow::paint(QPainter* painter,
     paintHeaderSeparator(painter, option, widget);
     painter->setFont(m_font);
     painter->setPen(Qt::white);
-    // The title is wider than the label column: it ends at the column's edge.
-    painter->drawText(QRectF(-200, 0, table()->headerWidth() - 4 + 200, height()),
+    painter->drawText(QRectF(0, 0, table()->headerWidth() + titleOverhang, height()),
                       Qt::AlignRight | Qt::AlignVCenter, title());
 }
 
