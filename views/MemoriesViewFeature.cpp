@@ -13,12 +13,15 @@
 #include <QMenu>
 #include <QPixmap>
 
+#include <algorithm>
+
 namespace {
 constexpr float labelPoints = 14;
 constexpr float timePoints = 11;
 constexpr int timeLength = 5; // up to "99:59"
 constexpr int clockSize = 12;
 constexpr int timeTextLeft = 16;
+constexpr int timeGap = 16;
 } // namespace
 
 MemoriesViewFeature::MemoriesViewFeature(QWidget* parent, MemoriesView* view, bool withTime)
@@ -55,6 +58,7 @@ MemoriesViewFeature::~MemoriesViewFeature() = default;
 void MemoriesViewFeature::refresh()
 {
     m_label.setText(m_view->headerText());
+    layOut();
     if (!m_timeItem)
         return;
     const Console::Memory memory = m_view->currentMemory();
@@ -91,9 +95,18 @@ void MemoriesViewFeature::linkActivated(const QString&)
 void MemoriesViewFeature::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    const int labelWidth = m_timeView ? std::max(0, width() - timeWidth) : width();
+    layOut();
+}
+
+void MemoriesViewFeature::layOut()
+{
+    if (!m_timeView) {
+        m_label.setGeometry(0, 0, width(), height());
+        return;
+    }
+    // The time sits right after the memory's name.
+    const int labelWidth =
+        std::clamp(m_label.sizeHint().width() + timeGap, 0, std::max(0, width() - timeWidth));
     m_label.setGeometry(0, 0, labelWidth, height());
-    if (m_timeView)
-        m_timeView->setGeometry(labelWidth, (height() - clockSize) / 2 - 4, timeWidth,
-                                clockSize + 8);
+    m_timeView->setGeometry(labelWidth, (height() - clockSize) / 2 - 4, timeWidth, clockSize + 8);
 }

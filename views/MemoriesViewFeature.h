@@ -42,6 +42,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void layOut();
+
     MemoriesView* m_view;
     QLabel m_label;
     QGraphicsScene* m_timeScene = nullptr;
