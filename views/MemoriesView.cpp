@@ -299,8 +299,7 @@ MemoriesView::MemoriesView(QWidget* parent, Console* console, TitleBar* bar)
 
 MemoriesView::~MemoriesView()
 {
-    // Items go before the scenes' views, and the header with the view.
-    delete m_feature;
+    // Items go before the scenes' views.
     m_deviceScene.clear();
     m_channelScene.clear();
 }

@@ -57,6 +57,8 @@ MemoriesViewFeature::~MemoriesViewFeature() = default;
 
 void MemoriesViewFeature::refresh()
 {
+    if (!m_view)
+        return;
     m_label.setText(m_view->headerText());
     layOut();
     if (!m_timeItem)
@@ -77,18 +79,20 @@ void MemoriesViewFeature::textChanged(InPlaceEditableText* item, const QString& 
 
 void MemoriesViewFeature::handleTextChanged(InPlaceEditableText* item, const QString& text)
 {
-    if (item == m_timeItem)
+    if (item == m_timeItem && m_view)
         m_view->setCurrentMemoryTime(text);
     refresh();
 }
 
 void MemoriesViewFeature::linkActivated(const QString&)
 {
+    if (!m_view)
+        return;
     QMenu* menu = m_view->createMemoryMenu(this);
     const QAction* picked = menu->exec(QCursor::pos());
     const QString data = picked ? picked->data().toString() : QString();
     delete menu;
-    if (!data.isEmpty())
+    if (!data.isEmpty() && m_view)
         m_view->menuItemPicked(data);
 }
 

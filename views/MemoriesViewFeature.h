@@ -4,6 +4,7 @@
 #include "InPlaceEditableTextHandler.h"
 
 #include <QLabel>
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -44,7 +45,8 @@ protected:
 private:
     void layOut();
 
-    MemoriesView* m_view;
+    // The strip owns the header and may outlive the view.
+    QPointer<MemoriesView> m_view;
     QLabel m_label;
     QGraphicsScene* m_timeScene = nullptr;
     QGraphicsView* m_timeView = nullptr;

@@ -195,7 +195,6 @@ PalettesView::PalettesView(QWidget* parent, Console* console, TitleBar* bar)
 
 PalettesView::~PalettesView()
 {
-    delete m_feature;
     m_scene.clear();
 }
 

@@ -23,15 +23,18 @@ PalettesViewFeature::~PalettesViewFeature() = default;
 
 void PalettesViewFeature::refresh()
 {
-    setText(m_view->headerText());
+    if (m_view)
+        setText(m_view->headerText());
 }
 
 void PalettesViewFeature::linkActivated(const QString&)
 {
+    if (!m_view)
+        return;
     QMenu* menu = m_view->createPaletteMenu(this);
     const QAction* picked = menu->exec(QCursor::pos());
     const QString data = picked ? picked->data().toString() : QString();
     delete menu;
-    if (!data.isEmpty())
+    if (!data.isEmpty() && m_view)
         m_view->menuItemPicked(data);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPointer>
 #include <QString>
 
 class PalettesView;
@@ -22,5 +23,6 @@ public slots:
     void linkActivated(const QString& link);
 
 private:
-    PalettesView* m_view;
+    // The strip owns the header and may outlive the view.
+    QPointer<PalettesView> m_view;
 };
