@@ -72,8 +72,9 @@ QString MemoriesView::ChannelCell::editText() const
 
 void MemoriesView::ChannelCell::applyEditText(const QString& text)
 {
+    // An editor closed as it opened changes nothing (nor marks the memory used).
     const std::optional<int> level = ConsoleCache::levelFromPercentText(text);
-    if (!level)
+    if (!level || text == editText())
         return;
     const Console::Memory memory = m_view->currentMemory();
     m_view->cache()->setMemoryChannelLevel(memory.page, memory.index, channel(), *level);
@@ -129,15 +130,23 @@ QString MemoriesView::ParameterCell::editText() const
     if (!cache->deviceHasParameter(m_device, parameter()))
         return QString();
     const Console::Memory memory = m_view->currentMemory();
-    if (!cache->isMemoryParameterSet(memory.page, memory.index, m_device, parameter()) ||
-        cache->isMemoryParameterPalette(memory.page, memory.index, m_device, parameter()))
+    if (!cache->isMemoryParameterSet(memory.page, memory.index, m_device, parameter()))
         return QLatin1String("");
-    return ConsoleCache::formatLevel(
-        cache->memoryParameterValue(memory.page, memory.index, m_device, parameter(), false), true);
+    // A reference opens as it reads: committed unchanged it is no level and
+    // stays, where an empty editor would clear it.
+    const int value =
+        cache->memoryParameterValue(memory.page, memory.index, m_device, parameter(), false);
+    if (cache->isMemoryParameterPalette(memory.page, memory.index, m_device, parameter()))
+        return StoredValueText::text(*cache, m_device, parameter(), value, true);
+    return ConsoleCache::formatLevel(value, true);
 }
 
 void MemoriesView::ParameterCell::applyEditText(const QString& text)
 {
+    // An editor closed as it opened (an empty one above all) must not clear
+    // or overwrite the other selected cells.
+    if (text == editText())
+        return;
     m_view->applyToSelectedParameters(text);
 }
 

@@ -135,6 +135,10 @@ QString PalettesView::ParameterCell::editText() const
 
 void PalettesView::ParameterCell::applyEditText(const QString& text)
 {
+    // An editor closed as it opened (an empty one above all) must not clear
+    // or overwrite the other selected cells.
+    if (text == editText())
+        return;
     m_view->applyToSelectedParameters(text);
 }
 

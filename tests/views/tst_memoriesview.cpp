@@ -77,7 +77,8 @@ void typeInto(QGraphicsView* view, QGraphicsItem* item, const QString& text)
     QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, at);
     auto editors = view->viewport()->findChildren<InPlaceLineEdit*>();
     QVERIFY(!editors.isEmpty());
-    editors.last()->setText(text);
+    if (!text.isNull()) // null: commit what the editor opened with
+        editors.last()->setText(text);
     QTest::keyClick(editors.last(), Qt::Key_Return);
 }
 
@@ -255,24 +256,27 @@ void TestMemoriesView::parameterTexts()
 
 void TestMemoriesView::memoryParameterEdits_data()
 {
-    addColumns<int, int, QString, int, int, bool>(
-        {"parameter", "devices", "typed", "flags", "value", "sent"});
-    QTest::newRow("one cell at 50") << green << 1 << "50" << 0x81 << 127 << true;
-    QTest::newRow("two pan cells at full") << pan << 2 << "100" << 0x81 << 255 << true;
-    QTest::newRow("empty text clears both") << green << 2 << "" << 0x01 << 7 << true;
-    QTest::newRow("above 100 stores nothing") << green << 2 << "101" << 0x81 << 7 << false;
-    QTest::newRow("not a number stores nothing") << green << 1 << "5x" << 0x81 << 7 << false;
+    addColumns<int, int, int, QString, int, int, bool>(
+        {"parameter", "preset", "devices", "typed", "flags", "value", "sent"});
+    QTest::newRow("one cell at 50") << green << 0x81 << 1 << "50" << 0x81 << 127 << true;
+    QTest::newRow("two pan cells at full") << pan << 0x81 << 2 << "100" << 0x81 << 255 << true;
+    QTest::newRow("empty text clears both") << green << 0x81 << 2 << "" << 0x01 << 7 << true;
+    QTest::newRow("above 100 stores nothing") << green << 0x81 << 2 << "101" << 0x81 << 7 << false;
+    QTest::newRow("not a number stores nothing")
+        << green << 0x81 << 1 << "5x" << 0x81 << 7 << false;
+    QTest::newRow("palette reference left unchanged stays")
+        << green << 0xC1 << 1 << QString() << 0xC1 << 7 << false;
 }
 
 void TestMemoriesView::memoryParameterEdits()
 {
-    const auto [parameter, devices, typed, flags, value, sent] =
-        fetch<int, int, QString, int, int, bool>(
-            {"parameter", "devices", "typed", "flags", "value", "sent"});
+    const auto [parameter, preset, devices, typed, flags, value, sent] =
+        fetch<int, int, int, QString, int, int, bool>(
+            {"parameter", "preset", "devices", "typed", "flags", "value", "sent"});
     ContentRecord& content = engine->record()->memories[48 + 3].content; // page 2, memory 4
     for (int d = 0; d < 2; ++d)
         for (int p : {parameter, panFine})
-            content.parameters[d * 50 + p] = {0x81, 7};
+            content.parameters[d * 50 + p] = {quint8(preset), 7};
     MemoriesView view(nullptr, console, nullptr);
     view.resize(1200, 800);
     view.show();
