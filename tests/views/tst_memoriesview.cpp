@@ -439,6 +439,7 @@ void TestMemoriesView::editedMemoryPlaysOnThePanel()
         if (auto* cell = dynamic_cast<MemoriesView::ChannelCell*>(item); cell && !cell->channel())
             channel = cell;
     typeInto(viewOf(&memories, memories.channelScene()), channel, "50");
+    QVERIFY(session.step()); // the engine has read the memory before it is written again
     auto* memoryRed = cellAt<MemoriesView::ParameterCell>(memories.deviceScene(), 0, red);
     select(memories.deviceScene(), {memoryRed});
     memories.menuItemPicked("SetPalette/3");
