@@ -10,11 +10,11 @@ const TabRegistry& TabRegistry::standard()
     // Each editor view adds its factory to this table as it is written.
     static const TabRegistry views = [] {
         TabRegistry table;
-        table.setFactory(MainFrame::MemoriesTab, [](MainFrame* w, TitleBar* b, bool) {
-            return MemoriesView::create(w, b);
+        table.setFactory(MainFrame::MemoriesTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return MemoriesView::create(window, bar);
         });
-        table.setFactory(MainFrame::PalettesTab, [](MainFrame* w, TitleBar* b, bool) {
-            return PalettesView::create(w, b);
+        table.setFactory(MainFrame::PalettesTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return PalettesView::create(window, bar);
         });
         return table;
     }();
