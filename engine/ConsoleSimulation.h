@@ -27,8 +27,7 @@ class EngineNotifier;
 // state file, show files), ...Requests.cpp the program's update codes and
 // the DMX ring, ...Playback.cpp playback, mixing and publishing,
 // ...Recording.cpp memories, cues, groups and palettes, ...Panel.cpp the
-// console actions behind the front panel, ...Memories.cpp the program's
-// memory and palette edits.
+// console actions behind the front panel.
 class ConsoleSimulation
 {
 public:
