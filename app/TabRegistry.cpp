@@ -8,7 +8,9 @@
 #include "EffectsView.h"
 #include "GroupsView.h"
 #include "MainFrame.h"
+#include "MemoriesView.h"
 #include "OutputView.h"
+#include "PalettesView.h"
 #include "PatchView.h"
 #include "SequencesView.h"
 #include "SystemView.h"
@@ -36,10 +38,14 @@ const TabRegistry& TabRegistry::standard()
         table.setFactory(MainFrame::DmxTab, viewFactory<DMXView>());
         table.setFactory(MainFrame::EffectsTab, viewFactory<EffectsView>());
         table.setFactory(MainFrame::GroupsTab, viewFactory<GroupsView>());
-        table.setFactory(MainFrame::OutputTab, viewFactory<OutputView>());
-        table.setFactory(MainFrame::PatchTab, [](MainFrame* window, TitleBar* bar, bool) -> Tab* {
-            return new PatchView(ConsoleLink::console(), window, bar);
+        table.setFactory(MainFrame::MemoriesTab, [](MainFrame* window, TitleBar* bar, bool) -> Tab* {
+            return new MemoriesView(window, ConsoleLink::console(), bar);
         });
+        table.setFactory(MainFrame::OutputTab, viewFactory<OutputView>());
+        table.setFactory(MainFrame::PalettesTab, [](MainFrame* window, TitleBar* bar, bool) -> Tab* {
+            return new PalettesView(window, ConsoleLink::console(), bar);
+        });
+        table.setFactory(MainFrame::PatchTab, [](MainFrame* window, TitleBar* bar, bool) -> Tab* {
         table.setFactory(MainFrame::SequencesTab, viewFactory<SequencesView>());
         table.setFactory(MainFrame::SystemTab, viewFactory<SystemView>());
         return table;

@@ -132,6 +132,11 @@ private:
     void setDeviceDefaults(int device);
     void releaseDeviceAddresses(int device);
     void followPalette(int palette);
+    // Memories and palettes edited by the program (...Memories.cpp): the
+    // content summary, the used flag and what is on stage follow the edit.
+    void memoryEdited(int page, int index);
+    void paletteEdited(int palette);
+    void applyMemoryParameters(int page, int fader);
     void captureLive(ContentRecord& content, const quint8* levels, bool selectedDevicesOnly) const;
     void insertStep(int key, int step, int cue);
     void deleteStep(int key, int step);

@@ -58,19 +58,7 @@ void ConsoleSimulation::setPageFader(int fader, quint8 level)
             const int sequence = fader - profile_.firstSequenceFader();
             if (sequence < 0 || !sequenceHasSteps(record_->memoryPage, sequence)) {
                 // A memory's parameters jump in when its fader leaves zero.
-                CueTarget target;
-                resolveContent(
-                    record_
-                        ->memories[record_->memoryPage * ConsoleStateRecord::memoriesPerPage +
-                                   fader]
-                        .content,
-                    target);
-                for (int i = 0; i < LiveState::parameters; ++i) {
-                    if (target.parameterSet.test(size_t(i))) {
-                        live_.parameterValue[size_t(i)] = target.parameterValue[size_t(i)];
-                        live_.parameterPalette[size_t(i)] = target.parameterPalette[size_t(i)];
-                    }
-                }
+                applyMemoryParameters(record_->memoryPage, fader);
             }
         } else if (level == 0) {
             live_.loadedPage[size_t(fader)] = -1;

@@ -43,10 +43,11 @@ void ConsoleSimulation::handleUpdate(int code, int a, int b, int c)
         else if (a >= SystemCode::EraseFirst && a <= SystemCode::EraseLast)
             erase(a);
         break;
+    case ConsoleCode::MemoryChanged:
+        memoryEdited(a, b);
+        break;
     case ConsoleCode::PaletteChanged:
-        followPalette(a);
-        showChanged_ = true;
-        dirty_ = true;
+        paletteEdited(a);
         break;
     case ConsoleCode::PatchChanged:
         output_.patchChanged();

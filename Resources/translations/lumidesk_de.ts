@@ -679,6 +679,41 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     </message>
 </context>
 <context>
+    <name>MemoriesView</name>
+    <message>
+        <source>Mem Edit</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
+    </message>
+    <message>
+        <source>Ch %1-%2</source>
+        <translation>Kan %1-%2</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT GER</translation>
+    </message>
+</context>
+<context>
     <name>OutputView</name>
     <message>
         <source>Live</source>
@@ -710,6 +745,36 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     <message>
         <source>PAGE</source>
         <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>PaletteMenu</name>
+    <message>
+        <source>Set palette</source>
+        <translation>Palette setzen</translation>
+    </message>
+</context>
+<context>
+    <name>PalettesView</name>
+    <message>
+        <source>Palettes</source>
+        <translation>Paletten</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>FOCUS PALETTE</source>
+        <translation>FOKUS-PALETTE</translation>
+    </message>
+    <message>
+        <source>COLOR PALETTE</source>
+        <translation>FARBPALETTE</translation>
+    </message>
+    <message>
+        <source>BEAM PALETTE</source>
+        <translation>STRAHLPALETTE</translation>
     </message>
 </context>
 <context>

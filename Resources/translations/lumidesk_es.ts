@@ -679,6 +679,41 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     </message>
 </context>
 <context>
+    <name>MemoriesView</name>
+    <message>
+        <source>Mem Edit</source>
+        <translation>Editar mem.</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Página</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(vacía)</translation>
+    </message>
+    <message>
+        <source>Ch %1-%2</source>
+        <translation>Can %1-%2</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT DISP</translation>
+    </message>
+</context>
+<context>
     <name>OutputView</name>
     <message>
         <source>Live</source>
@@ -710,6 +745,36 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     <message>
         <source>PAGE</source>
         <translation>PÁGINA</translation>
+    </message>
+</context>
+<context>
+    <name>PaletteMenu</name>
+    <message>
+        <source>Set palette</source>
+        <translation>Aplicar paleta</translation>
+    </message>
+</context>
+<context>
+    <name>PalettesView</name>
+    <message>
+        <source>Palettes</source>
+        <translation>Paletas</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Paleta</translation>
+    </message>
+    <message>
+        <source>FOCUS PALETTE</source>
+        <translation>PALETA FOCO</translation>
+    </message>
+    <message>
+        <source>COLOR PALETTE</source>
+        <translation>PALETA COLOR</translation>
+    </message>
+    <message>
+        <source>BEAM PALETTE</source>
+        <translation>PALETA HAZ</translation>
     </message>
 </context>
 <context>

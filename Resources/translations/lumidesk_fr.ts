@@ -679,6 +679,41 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     </message>
 </context>
 <context>
+    <name>MemoriesView</name>
+    <message>
+        <source>Mem Edit</source>
+        <translation>Édit. mém.</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Mémoire</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Page</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(vide)</translation>
+    </message>
+    <message>
+        <source>Ch %1-%2</source>
+        <translation>Circ %1-%2</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT APP</translation>
+    </message>
+</context>
+<context>
     <name>OutputView</name>
     <message>
         <source>Live</source>
@@ -710,6 +745,36 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>PAGE</source>
         <translation>PAGE</translation>
+    </message>
+</context>
+<context>
+    <name>PaletteMenu</name>
+    <message>
+        <source>Set palette</source>
+        <translation>Appliquer la palette</translation>
+    </message>
+</context>
+<context>
+    <name>PalettesView</name>
+    <message>
+        <source>Palettes</source>
+        <translation>Palettes</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>FOCUS PALETTE</source>
+        <translation>PALETTE FOCUS</translation>
+    </message>
+    <message>
+        <source>COLOR PALETTE</source>
+        <translation>PALETTE COULEUR</translation>
+    </message>
+    <message>
+        <source>BEAM PALETTE</source>
+        <translation>PALETTE FAISCEAU</translation>
     </message>
 </context>
 <context>

@@ -679,6 +679,41 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     </message>
 </context>
 <context>
+    <name>MemoriesView</name>
+    <message>
+        <source>Mem Edit</source>
+        <translation>Modifica mem.</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Pagina</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(vuota)</translation>
+    </message>
+    <message>
+        <source>Ch %1-%2</source>
+        <translation>Can %1-%2</translation>
+    </message>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT DISP</translation>
+    </message>
+</context>
+<context>
     <name>OutputView</name>
     <message>
         <source>Live</source>
@@ -710,6 +745,36 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     <message>
         <source>PAGE</source>
         <translation>PAGINA</translation>
+    </message>
+</context>
+<context>
+    <name>PaletteMenu</name>
+    <message>
+        <source>Set palette</source>
+        <translation>Imposta palette</translation>
+    </message>
+</context>
+<context>
+    <name>PalettesView</name>
+    <message>
+        <source>Palettes</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>FOCUS PALETTE</source>
+        <translation>PALETTE FOCUS</translation>
+    </message>
+    <message>
+        <source>COLOR PALETTE</source>
+        <translation>PALETTE COLORE</translation>
+    </message>
+    <message>
+        <source>BEAM PALETTE</source>
+        <translation>PALETTE FASCIO</translation>
     </message>
 </context>
 <context>
