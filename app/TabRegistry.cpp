@@ -16,14 +16,19 @@
 #include "SystemView.h"
 
 namespace {
-// A view takes the window and the title bar, and the wide-screen flag when
-// its layout depends on it; extra arguments follow.
+// Views take the window and the title bar, some the wide-screen flag or the
+// console as well; extra arguments follow.
 template <class View, class... Extra>
 TabRegistry::Factory viewFactory(Extra... extra)
 {
     return [extra...](MainFrame* window, TitleBar* bar, bool wide) -> Tab* {
+        [[maybe_unused]] Console* console = ConsoleLink::console();
         if constexpr (std::is_constructible_v<View, MainFrame*, TitleBar*, bool, Extra...>)
             return new View(window, bar, wide, extra...);
+        else if constexpr (std::is_constructible_v<View, Console*, MainFrame*, TitleBar*>)
+            return new View(console, window, bar);
+        else if constexpr (std::is_constructible_v<View, MainFrame*, Console*, TitleBar*>)
+            return new View(window, console, bar);
         else
             return new View(window, bar, extra...);
     };
@@ -38,14 +43,10 @@ const TabRegistry& TabRegistry::standard()
         table.setFactory(MainFrame::DmxTab, viewFactory<DMXView>());
         table.setFactory(MainFrame::EffectsTab, viewFactory<EffectsView>());
         table.setFactory(MainFrame::GroupsTab, viewFactory<GroupsView>());
-        table.setFactory(MainFrame::MemoriesTab, [](MainFrame* window, TitleBar* bar, bool) -> Tab* {
-            return new MemoriesView(window, ConsoleLink::console(), bar);
-        });
+        table.setFactory(MainFrame::MemoriesTab, viewFactory<MemoriesView>());
         table.setFactory(MainFrame::OutputTab, viewFactory<OutputView>());
-        table.setFactory(MainFrame::PalettesTab, [](MainFrame* window, TitleBar* bar, bool) -> Tab* {
-            return new PalettesView(window, ConsoleLink::console(), bar);
-        });
-        table.setFactory(MainFrame::PatchTab, [](MainFrame* window, TitleBar* bar, bool) -> Tab* {
+        table.setFactory(MainFrame::PalettesTab, viewFactory<PalettesView>());
+        table.setFactory(MainFrame::PatchTab, viewFactory<PatchView>());
         table.setFactory(MainFrame::SequencesTab, viewFactory<SequencesView>());
         table.setFactory(MainFrame::SystemTab, viewFactory<SystemView>());
         return table;
