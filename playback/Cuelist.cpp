@@ -154,7 +154,6 @@ void Cuelist::setRowCount(int count)
     if (count == rows)
         return;
     prepareGeometryChange();
-    const int before = rows;
     rows = count;
     static constexpr std::array<std::pair<Column, int>, textListCount> lists{
         {{ContentColumn, contentLength},
@@ -177,10 +176,7 @@ void Cuelist::setRowCount(int count)
             texts[list] << item;
         }
     }
-    for (std::size_t list = 0; list < lists.size(); ++list)
-        InPlaceEditableText::chain(texts[list].data(), int(texts[list].size()));
-    if (before != rows)
-        refreshRows();
+    refreshRows();
 }
 
 void Cuelist::setSequence(Console::Sequence sequence)
@@ -231,6 +227,23 @@ void Cuelist::refreshRows()
                                          record->contentType == ConsoleCache::StepDirectCue));
             item->setVisible(record != nullptr);
         }
+    }
+    // Rows beyond the count stay as items but show nothing; Up and Down in
+    // an editor go only to the texts that can be edited.
+    for (auto& items : texts) {
+        std::vector<InPlaceEditableText*> editable;
+        for (int row = 0; row < int(items.size()); ++row) {
+            InPlaceEditableText* item = items[row];
+            if (row >= rows) {
+                item->setVisible(false);
+                item->setEditable(false);
+            }
+            if (item->isEditable())
+                editable.push_back(item);
+            else
+                InPlaceEditableText::chain(&item, 1);
+        }
+        InPlaceEditableText::chain(editable.data(), int(editable.size()));
     }
 }
 

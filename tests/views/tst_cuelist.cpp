@@ -160,9 +160,10 @@ void TestCuelist::rowsFollowTheLivePosition()
 {
     const auto [rows, steps, next, afterLive, upTimes] =
         fetch<int, int, int, int, QString>({"rows", "steps", "next", "afterLive", "upTimes"});
-    QGraphicsScene scene;
-    auto* list = new Cuelist(&scene, rows, false);
     fillSteps(*console, stack, numbers(10, steps));
+    QGraphicsScene scene;
+    auto* list = new Cuelist(&scene, 12, false);
+    list->setRowCount(rows); // fewer rows than before, as for the stack after a sequence
     PlaybackRecord& playback = console->record()->playbacks[12];
     playback.nextStep = quint8(next);
     playback.afterLiveStep = quint8(afterLive);
@@ -174,6 +175,8 @@ void TestCuelist::rowsFollowTheLivePosition()
         shown << (up->isVisible() ? up->text() : QStringLiteral("-"));
     }
     QCOMPARE(shown.join(QLatin1Char('|')), upTimes);
+    for (int row = rows; row < 12; ++row)
+        QVERIFY(!list->text(Cuelist::UpText, row)->isVisible());
 }
 
 void TestCuelist::editsReachTheRecordAndTheEngine_data()
