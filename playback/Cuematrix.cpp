@@ -443,8 +443,9 @@ void Cuematrix::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
     } else if (record->contentType != ConsoleCache::StepDirectCue) {
         return;
     }
-    QMetaObject::invokeMethod(mainWindow, "showMemory", Qt::DirectConnection, Q_ARG(int, page),
-                              Q_ARG(int, memory));
+    if (!QMetaObject::invokeMethod(mainWindow, "showMemory", Qt::DirectConnection, Q_ARG(int, page),
+                                   Q_ARG(int, memory)))
+        qWarning("Cuematrix: the main window cannot show memory %d/%d", page, memory);
 }
 
 void Cuematrix::scrollHoverTimerTimeout()
