@@ -332,11 +332,9 @@ QRectF Cuelist::cellRect(int column, int row) const
 
 void Cuelist::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
+    background.draw(painter, boundingRect());
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(QColor(255, 255, 255, 64), 1.7));
-    painter->setBrush(QColor(255, 255, 255, 20));
-    painter->drawRoundedRect(boundingRect().adjusted(1.5, 1.5, -1.5, -1.5), 4, 4);
     paintBands(painter);
     painter->restore();
     paintHeader(painter);

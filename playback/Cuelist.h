@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "BlockBackground.h"
 #include "CellText.h"
 #include "Console.h"
 #include "DropdownHandler.h"
@@ -150,6 +151,7 @@ private:
     std::array<QList<InPlaceEditableText*>, textListCount> texts;
     std::vector<RowView> rowViews;
     std::array<CellText, columnCount> headerTexts;
+    BlockBackground background;
     CellText liveText;
     CellText nextText;
     Dropdown* mode = nullptr;
