@@ -64,7 +64,7 @@ public:
         textListCount
     };
 
-    struct ColumnSpec
+    struct ColumnLayout
     {
         const char* title;
         int width;
@@ -94,7 +94,7 @@ public:
     static int stepOfRow(int row, int rowCount, int nextStep, int afterLiveStep, int stepCount);
     int stepOfRow(int row) const;
 
-    const ColumnSpec& column(int index) const { return columns[std::size_t(index)]; }
+    const ColumnLayout& column(int index) const { return columns[std::size_t(index)]; }
     int rowCount() const { return rows; }
     void setRowCount(int count);
     bool showsDetails() const { return details; }
@@ -141,7 +141,7 @@ private:
     StepRecord* stepRecord(int step) const;
     static QString modeName(int mode);
 
-    std::array<ColumnSpec, columnCount> columns{};
+    std::array<ColumnLayout, columnCount> columns{};
     int rows = 0;
     bool details;
     float extra;
