@@ -154,7 +154,6 @@ void Cuelist::setRowCount(int count)
     if (count == rows)
         return;
     prepareGeometryChange();
-    const int before = rows;
     rows = count;
     static constexpr std::array<std::pair<Column, int>, textListCount> lists{
         {{ContentColumn, contentLength},
@@ -164,23 +163,20 @@ void Cuelist::setRowCount(int count)
     // Rows are only ever added: an item another row's editor points at stays.
     for (int row = int(texts[0].size()); row < count; ++row) {
         for (std::size_t list = 0; list < lists.size(); ++list) {
-            const ColumnSpec& spec = columns[std::size_t(lists[list].first)];
+            const ColumnLayout& place = columns[std::size_t(lists[list].first)];
             const Qt::Alignment alignment =
                 lists[list].first == ContentColumn ? Qt::AlignLeft : Qt::AlignRight;
             auto* item =
                 new InPlaceEditableText(this, this,
-                                        QRectF(spec.x + textInset, headerHeight + rowHeight * row,
-                                               spec.width - textShrink, rowHeight),
+                                        QRectF(place.x + textInset, headerHeight + rowHeight * row,
+                                               place.width - textShrink, rowHeight),
                                         lists[list].second, rowFontSize,
                                         isBright(row) ? QColor(Qt::white) : dimText, alignment);
             item->setVisible(false);
             texts[list] << item;
         }
     }
-    for (std::size_t list = 0; list < lists.size(); ++list)
-        InPlaceEditableText::chain(texts[list].data(), int(texts[list].size()));
-    if (before != rows)
-        refreshRows();
+    refreshRows();
 }
 
 void Cuelist::setSequence(Console::Sequence sequence)
@@ -231,6 +227,23 @@ void Cuelist::refreshRows()
                                          record->contentType == ConsoleCache::StepDirectCue));
             item->setVisible(record != nullptr);
         }
+    }
+    // Rows beyond the count stay as items but show nothing; Up and Down in
+    // an editor go only to the texts that can be edited.
+    for (auto& items : texts) {
+        std::vector<InPlaceEditableText*> editable;
+        for (int row = 0; row < int(items.size()); ++row) {
+            InPlaceEditableText* item = items[row];
+            if (row >= rows) {
+                item->setVisible(false);
+                item->setEditable(false);
+            }
+            if (item->isEditable())
+                editable.push_back(item);
+            else
+                InPlaceEditableText::chain(&item, 1);
+        }
+        InPlaceEditableText::chain(editable.data(), int(editable.size()));
     }
 }
 
@@ -312,22 +325,20 @@ QRectF Cuelist::boundingRect() const
 
 QRectF Cuelist::cellRect(int column, int row) const
 {
-    const ColumnSpec& spec = columns[std::size_t(column)];
-    return QRectF(spec.x + textInset, headerHeight + rowHeight * row, spec.width - textShrink,
+    const ColumnLayout& place = columns[std::size_t(column)];
+    return QRectF(place.x + textInset, headerHeight + rowHeight * row, place.width - textShrink,
                   rowHeight);
 }
 
 void Cuelist::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
+    background.draw(painter, boundingRect());
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(QColor(255, 255, 255, 64), 1.7));
-    painter->setBrush(QColor(255, 255, 255, 20));
-    painter->drawRoundedRect(boundingRect().adjusted(1.5, 1.5, -1.5, -1.5), 4, 4);
     paintBands(painter);
     painter->restore();
     paintHeader(painter);
-    const ColumnSpec& first = columns[ModeColumn];
+    const ColumnLayout& first = columns[ModeColumn];
     liveText.draw(painter, QRectF(first.x, 37, first.width - textShrink, rowHeight),
                   Qt::AlignRight | Qt::AlignVCenter, tr("LIVE"), rowFont(), liveColour);
     nextText.draw(painter, QRectF(first.x, 58, first.width - textShrink, rowHeight),
@@ -342,20 +353,20 @@ void Cuelist::paintHeader(QPainter* painter)
 {
     const int last = details ? AffectsColumn : WaitColumn;
     for (int c = StepColumn; c <= last; ++c) {
-        const ColumnSpec& spec = columns[std::size_t(c)];
-        if (!spec.title)
+        const ColumnLayout& place = columns[std::size_t(c)];
+        if (!place.title)
             continue;
         const bool left = c == ContentColumn || c == AffectsColumn;
         headerTexts[std::size_t(c)].draw(
-            painter, QRectF(spec.x + textInset, 0, spec.width - textShrink, headerHeight),
-            (left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter, tr(spec.title),
+            painter, QRectF(place.x + textInset, 0, place.width - textShrink, headerHeight),
+            (left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter, tr(place.title),
             headerFont(), Qt::white);
     }
 }
 
 void Cuelist::paintBands(QPainter* painter) const
 {
-    const ColumnSpec& end = columns[std::size_t(details ? MoveColumn : WaitColumn)];
+    const ColumnLayout& end = columns[std::size_t(details ? MoveColumn : WaitColumn)];
     const qreal left = columns[StepColumn].x;
     const qreal width = end.x + end.width - left;
     painter->setPen(Qt::NoPen);
@@ -384,7 +395,7 @@ void Cuelist::paintRow(QPainter* painter, int row)
     if (view.flags & darkBit)
         view.darkText.draw(painter, cellRect(MoveColumn, row), Qt::AlignRight | Qt::AlignVCenter,
                            tr("dark"), rowFont(), ink);
-    const ColumnSpec& affects = columns[AffectsColumn];
+    const ColumnLayout& affects = columns[AffectsColumn];
     const qreal boxWidth = (affects.width - textShrink) / 5.0;
     QColor fill = flagFill;
     fill.setAlpha(bright ? 255 : 128);
@@ -402,7 +413,7 @@ void Cuelist::paintRow(QPainter* painter, int row)
 
 void Cuelist::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
-    const ColumnSpec& move = columns[MoveColumn];
+    const ColumnLayout& move = columns[MoveColumn];
     const QPointF at = event->pos();
     const int row = int(std::floor((at.y() - headerHeight) / rowHeight));
     const bool inMove = details && at.x() >= move.x + textInset &&

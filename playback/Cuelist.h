@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "BlockBackground.h"
 #include "CellText.h"
 #include "Console.h"
 #include "DropdownHandler.h"
@@ -63,7 +64,7 @@ public:
         textListCount
     };
 
-    struct ColumnSpec
+    struct ColumnLayout
     {
         const char* title;
         int width;
@@ -93,7 +94,7 @@ public:
     static int stepOfRow(int row, int rowCount, int nextStep, int afterLiveStep, int stepCount);
     int stepOfRow(int row) const;
 
-    const ColumnSpec& column(int index) const { return columns[std::size_t(index)]; }
+    const ColumnLayout& column(int index) const { return columns[std::size_t(index)]; }
     int rowCount() const { return rows; }
     void setRowCount(int count);
     bool showsDetails() const { return details; }
@@ -140,7 +141,7 @@ private:
     StepRecord* stepRecord(int step) const;
     static QString modeName(int mode);
 
-    std::array<ColumnSpec, columnCount> columns{};
+    std::array<ColumnLayout, columnCount> columns{};
     int rows = 0;
     bool details;
     float extra;
@@ -150,6 +151,7 @@ private:
     std::array<QList<InPlaceEditableText*>, textListCount> texts;
     std::vector<RowView> rowViews;
     std::array<CellText, columnCount> headerTexts;
+    BlockBackground background;
     CellText liveText;
     CellText nextText;
     Dropdown* mode = nullptr;

@@ -176,12 +176,10 @@ int Cuematrix::cellAt(const QPointF& point, bool allowEnd) const
 
 void Cuematrix::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
+    const QRectF bounds = boundingRect();
+    background.draw(painter, bounds);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(QColor(255, 255, 255, 64), 1.7));
-    painter->setBrush(QColor(255, 255, 255, 20));
-    const QRectF bounds = boundingRect();
-    painter->drawRoundedRect(bounds.adjusted(1.5, 1.5, -1.5, -1.5), 4, 4);
     const bool cached = isWholePixelTranslation(painter->deviceTransform());
     const int count = stepCount();
     const int first = std::max(0, bar->currentLine() * cellsPerLine());
@@ -443,8 +441,9 @@ void Cuematrix::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
     } else if (record->contentType != ConsoleCache::StepDirectCue) {
         return;
     }
-    QMetaObject::invokeMethod(mainWindow, "showMemory", Qt::DirectConnection, Q_ARG(int, page),
-                              Q_ARG(int, memory));
+    if (!QMetaObject::invokeMethod(mainWindow, "showMemory", Qt::DirectConnection, Q_ARG(int, page),
+                                   Q_ARG(int, memory)))
+        qWarning("Cuematrix: the main window cannot show memory %d/%d", page, memory);
 }
 
 void Cuematrix::scrollHoverTimerTimeout()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "BlockBackground.h"
 #include "Console.h"
 
 #include <QGraphicsItem>
@@ -119,4 +120,5 @@ private:
     // By step index; a frame repaints every visible cell at the playback rate.
     std::vector<CellImage> cellImages;
     QPixmap emptyImage;
+    BlockBackground background;
 };
