@@ -1,10 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TabRegistry.h"
 
+#include "MainFrame.h"
+#include "views/LegendsView.h"
+#include "views/PagesView.h"
+
 const TabRegistry& TabRegistry::standard()
 {
     // Each editor view adds its factory to this table as it is written.
-    static const TabRegistry views;
+    static const TabRegistry views = [] {
+        TabRegistry table;
+        table.setFactory(MainFrame::LegendsTab, [](MainFrame* w, TitleBar* b, bool wide) -> Tab* {
+            return new LegendsView(w, b, wide);
+        });
+        table.setFactory(MainFrame::PagesTab, [](MainFrame* w, TitleBar* b, bool wide) -> Tab* {
+            return new PagesView(w, b, wide, 0);
+        });
+        table.setFactory(MainFrame::SecondPagesTab,
+                         [](MainFrame* w, TitleBar* b, bool wide) -> Tab* {
+                             return new PagesView(w, b, wide, 1);
+                         });
+        return table;
+    }();
     return views;
 }
 
