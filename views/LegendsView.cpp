@@ -10,6 +10,7 @@
 #include "MakeFont.h"
 #include "NumberCell.h"
 #include "NumberRow.h"
+#include "Timeline.h"
 #include "TitleBar.h"
 #include "app/MainFrame.h"
 
@@ -200,6 +201,9 @@ void LegendsView::buildBlocks(const Layout& place)
 {
     auto* masters = new GMButtonRow(&itemScene);
     masters->setPos(place.gmButtons);
+    // Without a sequence of its own the timeline follows the stack.
+    auto* timeline = new Timeline(&itemScene, timelineExtraHeight);
+    timeline->setPos(place.timeline);
     for (int b = 0; b < 2; ++b) {
         auto* faders = new FaderBlock(&itemScene, b * place.fadersPerBlock, place.fadersPerBlock,
                                       faderLength, faderSpacing, faderGap, faderKeyOffset, true);
