@@ -101,39 +101,52 @@ quint8 LegendsView::IndependentCell::level() const
 
 LegendsView::Layout LegendsView::layout(int consoleType)
 {
+    // Alder: twelve channels a row leave the left side to the independents
+    // and the master keys.
+    Layout place{};
+    place.channels = {270, 0};
+    place.channelsPerRow = alderChannelsPerRow;
+    place.independents = {13, 0};
+    place.gmButtons = {13, 306};
+    place.timeline = {83, 358};
+    place.cuelist = {672, 358};
+    place.cuelistRows = 6;
+    place.faderBlocks = {{{353, 502}, {353, 730}}};
+    place.fadersPerBlock = 12;
     switch (consoleType) {
     case ConsoleCache::ModelBirch:
-    case ConsoleCache::ModelCedar: {
+    case ConsoleCache::ModelCedar:
         // The 24-wide grid takes the whole width: the master keys go below
-        // it and the independents beside the cue list.
-        const bool cedar = consoleType == ConsoleCache::ModelCedar;
-        const int faderX = cedar ? 69 : 353;
-        return {{0, 0},
-                channelsPerRow,
-                {1098, 358},
-                {13, 358},
-                {70, 358},
-                {657, 358},
-                6,
-                false,
-                0,
-                {{{faderX, 502}, {faderX, 730}}},
-                cedar ? 24 : 12};
-    }
+        // it and the independents beside the cue list. The Cedar's blocks
+        // of 24 faders reach the right-hand edge.
+        place.channels = {0, 0};
+        place.channelsPerRow = channelsPerRow;
+        place.independents = {1098, 358};
+        place.gmButtons = {13, 358};
+        place.timeline = {70, 358};
+        place.cuelist = {657, 358};
+        if (consoleType == ConsoleCache::ModelCedar) {
+            place.faderBlocks = {{{69, 502}, {69, 730}}};
+            place.fadersPerBlock = 24;
+        }
+        break;
     case ConsoleCache::ModelMaple:
         // Three grid rows leave room for the independents above the
         // timeline; the detailed cue list fills the right-hand side.
-        return {
-            {0, 0}, channelsPerRow,           {70, 272}, {13, 306}, {70, 358}, {693, 358}, 13, true,
-            11,     {{{70, 511}, {70, 745}}}, 12};
+        place.channels = {0, 0};
+        place.channelsPerRow = channelsPerRow;
+        place.independents = {70, 272};
+        place.timeline = {70, 358};
+        place.cuelist = {693, 358};
+        place.cuelistRows = 13;
+        place.cuelistDetails = true;
+        place.cuelistExtraHeight = 11;
+        place.faderBlocks = {{{70, 511}, {70, 745}}};
+        break;
     default:
-        return {{270, 0},  alderChannelsPerRow,
-                {13, 0},   {13, 306},
-                {83, 358}, {672, 358},
-                6,         false,
-                0,         {{{353, 502}, {353, 730}}},
-                12};
+        break;
     }
+    return place;
 }
 
 LegendsView::LegendsView(MainFrame* window, TitleBar* bar, bool /*wide*/)
