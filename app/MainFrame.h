@@ -79,7 +79,8 @@ public:
     int tabIndexOfKind(int kind) const;
     int tabKind(int index) const;
     void showSequence(Console::Sequence sequence);
-    void showMemory(int page, int memory);
+    // Invokable by name for items below the application layer.
+    Q_INVOKABLE void showMemory(int page, int memory);
     bool isBusy() const { return busy; }
 
 public slots:
