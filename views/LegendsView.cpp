@@ -5,6 +5,7 @@
 #include "ChannelRow.h"
 #include "Console.h"
 #include "ConsoleLink.h"
+#include "Cuelist.h"
 #include "FaderBlock.h"
 #include "GMButtonRow.h"
 #include "MakeFont.h"
@@ -214,9 +215,12 @@ void LegendsView::buildBlocks(const Layout& place)
 {
     auto* masters = new GMButtonRow(&itemScene);
     masters->setPos(place.gmButtons);
-    // Without a sequence of its own the timeline follows the stack.
+    // Without sequences of their own the timeline and cue list follow the stack.
     auto* timeline = new Timeline(&itemScene, timelineExtraHeight);
     timeline->setPos(place.timeline);
+    auto* cues = new Cuelist(&itemScene, place.cuelistRows, place.cuelistDetails,
+                             float(place.cuelistExtraHeight));
+    cues->setPos(place.cuelist);
     for (int b = 0; b < 2; ++b) {
         auto* faders = new FaderBlock(&itemScene, b * place.fadersPerBlock, place.fadersPerBlock,
                                       faderLength, faderSpacing, faderGap, faderKeyOffset, true);
