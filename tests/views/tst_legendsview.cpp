@@ -2,6 +2,7 @@
 #include "../frontpanel/PanelTestKit.h"
 
 #include "ConsoleCodes.h"
+#include "EngineSession.h"
 #include "FaderBlock.h"
 #include "InPlaceEditableText.h"
 #include "PagesBlock.h"
@@ -70,6 +71,7 @@ private slots:
     void blindModeColours_data();
     void blindModeColours();
     void legendEditReachesRecordAndFaders();
+    void simulatedConsoleDrivesBlindAndPages();
     void cedarPagesPair_data();
     void cedarPagesPair();
     void titleBarButtonsPerTab_data();
@@ -153,6 +155,33 @@ void TestLegendsView::legendEditReachesRecordAndFaders()
         if (auto* block = dynamic_cast<FaderBlock*>(item); block && block->first() == 0)
             faders = block;
     QCOMPARE(faders->legend(5, 1)->text(), "Spot");
+}
+
+void TestLegendsView::simulatedConsoleDrivesBlindAndPages()
+{
+    EngineSession session(QStringLiteral("glowEngine"), Model::ModelAlder);
+    ConsoleLink::setConsole(session.console());
+    frame = std::make_unique<MainFrame>();
+    QList<int> pages;
+    connect(session.console(), &Console::pageUpdated, frame.get(),
+            [&](int page) { pages << page; });
+    constexpr int editKey = 92; // blind editing on and off
+    session.tap(editKey);
+    session.moveFader(3, 255);
+    session.cache()->selectPage(4);
+    QVERIFY(session.step());
+    const LegendsView::ChannelCell* cell =
+        view<LegendsView>(MainFrame::LegendsTab)->channelCells()[3];
+    QCOMPARE(cell->isBlind(), true);
+    QCOMPARE(cell->text(), "F");
+    // Both page rows change their look: the one left and the one chosen.
+    QCOMPARE(pages, QList<int>({0, 4}));
+    session.tap(editKey);
+    QVERIFY(session.step());
+    QCOMPARE(cell->isBlind(), false);
+    QCOMPARE(cell->text(), "0");
+    frame.reset();
+    ConsoleLink::setConsole(nullptr);
 }
 
 void TestLegendsView::cedarPagesPair_data()
