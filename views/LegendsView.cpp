@@ -272,10 +272,17 @@ void LegendsView::deactivate()
     hide();
 }
 
-void LegendsView::repaintChannels()
+void LegendsView::repaintChannels(bool all)
 {
-    for (ChannelCell* cell : std::as_const(channels))
-        cell->update();
+    shown.resize(channels.size(), -1);
+    for (qsizetype c = 0; c < channels.size(); ++c) {
+        ChannelCell* cell = channels[c];
+        const int look =
+            cell->level() | int(cell->isBlind()) << 8 | int(cell->isHighlighted()) << 9;
+        if (all || look != shown[c])
+            cell->update();
+        shown[c] = look;
+    }
 }
 
 void LegendsView::repaintIndependents()
@@ -292,7 +299,7 @@ void LegendsView::consoleCachePlayLoaded()
         cell->refreshLegend();
     for (IndependentCell* cell : std::as_const(independents))
         cell->refreshLegend();
-    repaintChannels();
+    repaintChannels(true);
     repaintIndependents();
 }
 

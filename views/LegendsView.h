@@ -92,7 +92,8 @@ private:
     void buildIndependentTable(const Layout& place);
     void buildBlocks(const Layout& place);
     void connectConsole();
-    void repaintChannels();
+    // Repaints the channel cells whose look changed; all when forced.
+    void repaintChannels(bool all = false);
     void repaintIndependents();
 
     QGraphicsScene itemScene;
@@ -101,4 +102,7 @@ private:
     int consoleType;
     QList<ChannelCell*> channels;
     QList<IndependentCell*> independents;
+    // What each channel cell last showed (level, blind, highlight), so that
+    // a tick repaints only the cells that changed.
+    QList<int> shown;
 };
