@@ -34,20 +34,29 @@ struct MemoriesStandIn : QWidget, Tab, ShowItemHandler
     QString shown;
 };
 
-// The title-bar buttons a tab of a kind shows; the unlisted kinds show none.
+// How many pixel rows of a cell's level bar are drawn green and blue.
+QString barRows(QGraphicsItem* cell)
+{
+    const QImage image = paintedItem(cell, cell->boundingRect().toRect(), Qt::black);
+    int green = 0, blue = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const QColor pixel = image.pixelColor(LevelCell::barLeft + 3, y);
+        green += pixel == LevelCell::levelColour();
+        blue += pixel.blue() > 150 && pixel.red() < 40 && pixel.green() < 40;
+    }
+    return QString::asprintf("green %d blue %d", green, blue);
+}
+
+// The title-bar buttons a tab of a kind shows: the pages views all (the
+// Fx/Time pair on the Maple only), the sequences view its SM/MS pair except
+// on the Maple and all line buttons, the groups view two line buttons.
 QString expectedButtons(int kind, bool maple)
 {
-    switch (kind) {
-    case MainFrame::PagesTab:
-    case MainFrame::SecondPagesTab:
-        return maple ? "Sm Ms Fx Time 0 1 2 3" : "Sm Ms 0 1 2 3";
-    case MainFrame::SequencesTab:
-        return maple ? "0 1 2 3" : "Sm Ms 0 1 2 3";
-    case MainFrame::GroupsTab:
-        return "2 3";
-    default:
-        return "";
-    }
+    const bool pages = kind == MainFrame::PagesTab || kind == MainFrame::SecondPagesTab;
+    if (!pages && kind != MainFrame::SequencesTab)
+        return kind == MainFrame::GroupsTab ? "2 3" : "";
+    return QString(pages || !maple ? "Sm Ms " : "") + (pages && maple ? "Fx Time " : "") +
+           "0 1 2 3";
 }
 
 QRectF sceneArea(const QGraphicsItem* item)
@@ -67,21 +76,17 @@ class TestLegendsView : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup();
-    void blindModeColours_data();
-    void blindModeColours();
-    void legendEditReachesRecordAndFaders();
-    void simulatedConsoleDrivesBlindAndPages();
+    void blindLegendsAndPagesThroughTheEngine();
     void cedarPagesPair_data();
     void cedarPagesPair();
-    void titleBarButtonsPerTab_data();
-    void titleBarButtonsPerTab();
-    void everyTabInsideAndApart_data();
-    void everyTabInsideAndApart();
+    void everyTabButtonsInsideAndApart_data();
+    void everyTabButtonsInsideAndApart();
 
 private:
     MainFrame& open(Model model, const TabRegistry& views = TabRegistry::standard())
     {
+        frame.reset();
+        console.reset(); // before the next one, which it would unregister
         console = std::make_unique<PanelConsole>(model);
         console->engine.setConsoleVersion(console->engine.softwareVersion());
         frame = std::make_unique<MainFrame>(nullptr, views);
@@ -99,65 +104,7 @@ private:
     std::unique_ptr<MainFrame> frame;
 };
 
-void TestLegendsView::cleanup()
-{
-    frame.reset();
-    console.reset();
-}
-
-void TestLegendsView::blindModeColours_data()
-{
-    QTest::addColumn<int>("blind");
-    QTest::addColumn<int>("live");
-    QTest::addColumn<int>("blindLevel");
-    QTest::addColumn<int>("greenRows");
-    QTest::addColumn<int>("blueRows");
-    QTest::newRow("live level in green") << 0 << 128 << 255 << 10 << 0;
-    QTest::newRow("blind level in blue") << 1 << 255 << 128 << 0 << 10;
-    QTest::newRow("blind zero hides the live level") << 1 << 255 << 0 << 0 << 0;
-}
-
-void TestLegendsView::blindModeColours()
-{
-    QFETCH(int, blind);
-    open(Model::ModelAlder);
-    console->record()->blindMode = quint8(blind);
-    QFETCH(int, live);
-    QFETCH(int, blindLevel);
-    console->record()->channelLevels[3] = quint8(live);
-    console->record()->blindLevels[3] = quint8(blindLevel);
-    console->notify(ConsoleCode::BlindLevelsChanged);
-    LegendsView::ChannelCell* cell = view<LegendsView>(MainFrame::LegendsTab)->channelCells()[3];
-    const QImage image = paintedItem(cell, cell->boundingRect().toRect(), Qt::black);
-    int green = 0, blue = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        const QColor pixel = image.pixelColor(LevelCell::barLeft + 3, y);
-        green += pixel == LevelCell::levelColour();
-        blue += pixel.blue() > 150 && pixel.red() < 40 && pixel.green() < 40;
-    }
-    QTEST(green, "greenRows");
-    QTEST(blue, "blueRows");
-}
-
-void TestLegendsView::legendEditReachesRecordAndFaders()
-{
-    open(Model::ModelBirch);
-    console->engine.clearUpdates();
-    auto* playback = view<LegendsView>(MainFrame::LegendsTab);
-    playback->channelCells()[5]->legendLine(1)->textCommitted(nullptr, QStringLiteral("Spot"));
-    QCoreApplication::processEvents();
-    QCOMPARE(ConsoleCache::readText(console->record()->channelLegends[5], 1), "Spot");
-    const QList<FakeEngine::Call> sent{{ConsoleCode::ChannelTextChanged, 5, 0, 0}};
-    QCOMPARE(console->engine.updates(), sent);
-    // The fader of that channel (bank 1) shows the new line too.
-    FaderBlock* faders = nullptr;
-    for (QGraphicsItem* item : playback->scene()->items())
-        if (auto* block = dynamic_cast<FaderBlock*>(item); block && block->first() == 0)
-            faders = block;
-    QCOMPARE(faders->legend(5, 1)->text(), "Spot");
-}
-
-void TestLegendsView::simulatedConsoleDrivesBlindAndPages()
+void TestLegendsView::blindLegendsAndPagesThroughTheEngine()
 {
     EngineSession session(QStringLiteral("glowEngine"), Model::ModelAlder);
     ConsoleLink::setConsole(session.console());
@@ -167,19 +114,27 @@ void TestLegendsView::simulatedConsoleDrivesBlindAndPages()
             [&](int page) { pages << page; });
     constexpr int editKey = 92; // blind editing on and off
     session.tap(editKey);
-    session.moveFader(3, 255);
+    session.moveFader(3, 128); // fader 4 sets channel 4's blind level
     session.cache()->selectPage(4);
     QVERIFY(session.step());
-    const LegendsView::ChannelCell* cell =
-        view<LegendsView>(MainFrame::LegendsTab)->channelCells()[3];
-    QCOMPARE(cell->isBlind(), true);
-    QCOMPARE(cell->text(), "F");
+    auto* playback = view<LegendsView>(MainFrame::LegendsTab);
+    LegendsView::ChannelCell* cell = playback->channelCells()[3];
+    QCOMPARE(barRows(cell), "green 0 blue 10");
     // Both page rows change their look: the one left and the one chosen.
     QCOMPARE(pages, QList<int>({0, 4}));
     session.tap(editKey);
+    session.moveFader(3, 255);
     QVERIFY(session.step());
-    QCOMPARE(cell->isBlind(), false);
-    QCOMPARE(cell->text(), "0");
+    QCOMPARE(barRows(cell), "green 21 blue 0");
+    // A legend line typed into the cell reaches the record and fader 4.
+    cell->legendLine(1)->textCommitted(nullptr, QStringLiteral("Spot"));
+    QVERIFY(session.step());
+    QCOMPARE(ConsoleCache::readText(session.record()->channelLegends[3], 1), "Spot");
+    QString onFader;
+    for (QGraphicsItem* item : playback->scene()->items())
+        if (auto* block = dynamic_cast<FaderBlock*>(item); block && block->first() == 0)
+            onFader = block->legend(3, 1)->text();
+    QCOMPARE(onFader, "Spot");
     frame.reset();
     ConsoleLink::setConsole(nullptr);
 }
@@ -218,68 +173,51 @@ void TestLegendsView::cedarPagesPair()
     QTEST(memories->shown, "opened");
 }
 
-void TestLegendsView::titleBarButtonsPerTab_data()
+void TestLegendsView::everyTabButtonsInsideAndApart_data()
 {
     QTest::addColumn<Model>("model");
     for (Model model : {Model::ModelAlder, Model::ModelBirch, Model::ModelCedar, Model::ModelMaple})
         QTest::newRow(qPrintable(QString::number(model))) << model;
 }
 
-void TestLegendsView::titleBarButtonsPerTab()
-{
-    QFETCH(Model, model);
-    MainFrame& window = open(model);
-    using Item = TitleBar::Item;
-    const std::pair<Item, const char*> buttons[] = {
-        {Item::Sm, "Sm"},     {Item::Ms, "Ms"},     {Item::IfcbFx, "Fx"},  {Item::Time, "Time"},
-        {Item::NoLines, "0"}, {Item::OneLine, "1"}, {Item::TwoLines, "2"}, {Item::ThreeLines, "3"}};
-    QStringList shown, expected;
-    for (int i = 0; i < window.tabStrip()->count(); ++i) {
-        window.tabStrip()->setCurrentTab(i);
-        QStringList visible;
-        for (const auto& [item, name] : buttons)
-            if (window.titleBar()->item(item)->isVisible())
-                visible << name;
-        const QString title = window.tabStrip()->tab(i)->title() + ": ";
-        shown << title + visible.join(' ');
-        expected << title + expectedButtons(window.tabKind(i), model == Model::ModelMaple);
-    }
-    QCOMPARE(shown, expected);
-}
-
-void TestLegendsView::everyTabInsideAndApart_data()
-{
-    titleBarButtonsPerTab_data();
-}
-
-void TestLegendsView::everyTabInsideAndApart()
+void TestLegendsView::everyTabButtonsInsideAndApart()
 {
     QFETCH(Model, model);
     MainFrame& window = open(model);
     console->nameEverything();
     console->notify(ConsoleCode::System, SystemCode::BulkEnd);
+    using Item = TitleBar::Item;
+    const std::pair<Item, const char*> buttons[] = {
+        {Item::Sm, "Sm"},     {Item::Ms, "Ms"},     {Item::IfcbFx, "Fx"},  {Item::Time, "Time"},
+        {Item::NoLines, "0"}, {Item::OneLine, "1"}, {Item::TwoLines, "2"}, {Item::ThreeLines, "3"}};
     // Block bounds carry empty bands (a fader block's value row, the
     // timeline's margins) that may tuck under a neighbour.
     constexpr qreal margin = 12;
     QStringList faults;
     for (int i = 0; i < window.tabStrip()->count(); ++i) {
         window.tabStrip()->setCurrentTab(i);
+        const QString where = window.tabStrip()->tab(i)->title() + QStringLiteral(": ");
+        QStringList visible;
+        for (const auto& [item, name] : buttons)
+            if (window.titleBar()->item(item)->isVisible())
+                visible << name;
+        if (visible.join(' ') != expectedButtons(window.tabKind(i), model == Model::ModelMaple))
+            faults << where + QStringLiteral("buttons ") + visible.join(' ');
         QWidget* tab = window.tabStrip()->tab(i)->widget();
         QList<QGraphicsView*> views = tab->findChildren<QGraphicsView*>();
         if (auto* own = qobject_cast<QGraphicsView*>(tab))
             views << own;
         for (QGraphicsView* view : views) {
-            QRectF visible(QPointF(), view->viewport()->size());
+            QRectF visibleArea(QPointF(), view->viewport()->size());
             if (view->verticalScrollBar()->isVisible())
-                visible.setBottom(view->sceneRect().bottom());
+                visibleArea.setBottom(view->sceneRect().bottom());
             QList<QGraphicsItem*> items;
             for (QGraphicsItem* item : view->scene()->items())
                 if (!item->parentItem() && item->isVisible())
                     items << item;
-            const QString where = window.tabStrip()->tab(i)->title() + QStringLiteral(" item ");
             for (int a = 0; a < items.size(); ++a) {
                 const QRectF area = sceneArea(items[a]);
-                if (!visible.contains(area))
+                if (!visibleArea.contains(area))
                     faults << where + describe(area) + QStringLiteral(" outside");
                 for (int b = a + 1; b < items.size(); ++b) {
                     const QRectF common = area & sceneArea(items[b]);
