@@ -27,7 +27,8 @@ class EngineNotifier;
 // state file, show files), ...Requests.cpp the program's update codes and
 // the DMX ring, ...Playback.cpp playback, mixing and publishing,
 // ...Recording.cpp memories, cues, groups and palettes, ...Panel.cpp the
-// console actions behind the front panel.
+// console actions behind the front panel, ...Steps.cpp sequence steps
+// recorded from the panel.
 class ConsoleSimulation
 {
 public:
@@ -99,6 +100,14 @@ public:
     void turnWheel(int wheel, int steps, bool rateHeld);
     void toggleBlind();
 
+    // Sequence editing from the panel (ConsoleSimulationSteps.cpp): with
+    // "Rec Seq" held, a sequence fader's flash key picks that sequence of
+    // the current page; further flash keys append their memory (memories
+    // mode) or channel (channel mode) to it as a step. Letting go of
+    // "Rec Seq" forgets the sequence.
+    void recordSequenceKey(int fader);
+    void endSequenceRecording();
+
 private:
     void initialiseRecord();
     void loadInitialShow();
@@ -161,4 +170,10 @@ private:
         int key = 0;
         int from = 0;
     } pendingMove_;
+    // The sequence "Rec Seq" records into, page -1 for none.
+    struct SequenceTarget
+    {
+        int page = -1;
+        int fader = -1;
+    } sequenceTarget_;
 };

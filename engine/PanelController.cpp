@@ -120,6 +120,8 @@ void PanelController::handleButton(int key, bool pressed)
             console_.sendProgramCommand(0, 0);
         return;
     }
+    if (key == PanelKey::RecordSequence && !pressed)
+        console_.endSequenceRecording();
     const int fader = faderOfKey(key);
     if (fader >= 0) {
         handleFlashKey(fader, pressed);
@@ -143,6 +145,10 @@ void PanelController::handleFlashKey(int fader, bool pressed)
         const bool sequence =
             console_.record()->liveMode == 1 && fader >= console_.profile().firstSequenceFader();
         console_.sendProgramCommand(sequence ? 4 : 5, fader);
+        return;
+    }
+    if (pressed && isHeld(PanelKey::RecordSequence)) {
+        console_.recordSequenceKey(fader);
         return;
     }
     if (pressed && (isHeld(PanelKey::RecordMemory) || isHeld(PanelKey::RecordSelected))) {

@@ -42,6 +42,11 @@ StepList::StepList(ConsoleStateRecord* record, int key) : record_(record)
     capacity_ = SequenceRecord::maxSteps;
 }
 
+StepRecord* StepList::step(int index) const
+{
+    return index >= 0 && index < count() ? steps_ + index : nullptr;
+}
+
 bool StepList::insert(int index, quint16 cueNumber, const ConsoleStateRecord& defaults)
 {
     const int n = count();
@@ -88,7 +93,8 @@ bool StepList::move(int from, int to, quint16 cueNumber)
     if (from < 0 || from >= n || to < 0 || to >= n)
         return false;
     StepRecord moved = steps_[from];
-    moved.cueNumber = cueNumber;
+    if (cueNumber != 0)
+        moved.cueNumber = cueNumber;
     if (to > from)
         std::memmove(steps_ + from, steps_ + from + 1, size_t(to - from) * sizeof(StepRecord));
     else if (to < from)

@@ -20,12 +20,15 @@ public:
     int fader() const { return fader_; }
     int count() const { return *count_; }
     int capacity() const { return capacity_; }
+    // Null outside the list.
+    StepRecord* step(int index) const;
 
     // Inserts an empty step (content type "empty", default times) at index,
     // clamped to the end; false when the list is full.
     bool insert(int index, quint16 cueNumber, const ConsoleStateRecord& defaults);
     bool remove(int index);
     // Moves the step at from so that it ends up at index to (after removal).
+    // Cue number 0 keeps the step's own number (a sequence move names none).
     bool move(int from, int to, quint16 cueNumber);
 
 private:

@@ -154,7 +154,6 @@ void Cuelist::setRowCount(int count)
     if (count == rows)
         return;
     prepareGeometryChange();
-    const int before = rows;
     rows = count;
     static constexpr std::array<std::pair<Column, int>, textListCount> lists{
         {{ContentColumn, contentLength},
@@ -164,23 +163,20 @@ void Cuelist::setRowCount(int count)
     // Rows are only ever added: an item another row's editor points at stays.
     for (int row = int(texts[0].size()); row < count; ++row) {
         for (std::size_t list = 0; list < lists.size(); ++list) {
-            const ColumnSpec& spec = columns[std::size_t(lists[list].first)];
+            const ColumnLayout& place = columns[std::size_t(lists[list].first)];
             const Qt::Alignment alignment =
                 lists[list].first == ContentColumn ? Qt::AlignLeft : Qt::AlignRight;
             auto* item =
                 new InPlaceEditableText(this, this,
-                                        QRectF(spec.x + textInset, headerHeight + rowHeight * row,
-                                               spec.width - textShrink, rowHeight),
+                                        QRectF(place.x + textInset, headerHeight + rowHeight * row,
+                                               place.width - textShrink, rowHeight),
                                         lists[list].second, rowFontSize,
                                         isBright(row) ? QColor(Qt::white) : dimText, alignment);
             item->setVisible(false);
             texts[list] << item;
         }
     }
-    for (std::size_t list = 0; list < lists.size(); ++list)
-        InPlaceEditableText::chain(texts[list].data(), int(texts[list].size()));
-    if (before != rows)
-        refreshRows();
+    refreshRows();
 }
 
 void Cuelist::setSequence(Console::Sequence sequence)
@@ -209,11 +205,11 @@ void Cuelist::refreshRows()
 {
     const ConsoleCache* cache = ConsoleLink::cache();
     const int count = stepCount();
-    rowViews.resize(rows);
+    rowViews.resize(std::size_t(rows));
     for (int row = 0; row < rows; ++row) {
         const int step = stepOfRow(row, rows, next, afterLive, count);
         const StepRecord* record = step >= 0 ? cache->step(shown.page, shown.fader, step) : nullptr;
-        RowView& view = rowViews[row];
+        RowView& view = rowViews[std::size_t(row)];
         view.valid = record != nullptr;
         view.number = record ? cache->stepNumberText(shown.page, shown.fader, step) : QString();
         view.label =
@@ -231,6 +227,23 @@ void Cuelist::refreshRows()
                                          record->contentType == ConsoleCache::StepDirectCue));
             item->setVisible(record != nullptr);
         }
+    }
+    // Rows beyond the count stay as items but show nothing; Up and Down in
+    // an editor go only to the texts that can be edited.
+    for (auto& items : texts) {
+        std::vector<InPlaceEditableText*> editable;
+        for (int row = 0; row < int(items.size()); ++row) {
+            InPlaceEditableText* item = items[row];
+            if (row >= rows) {
+                item->setVisible(false);
+                item->setEditable(false);
+            }
+            if (item->isEditable())
+                editable.push_back(item);
+            else
+                InPlaceEditableText::chain(&item, 1);
+        }
+        InPlaceEditableText::chain(editable.data(), int(editable.size()));
     }
 }
 
@@ -312,54 +325,48 @@ QRectF Cuelist::boundingRect() const
 
 QRectF Cuelist::cellRect(int column, int row) const
 {
-    const ColumnSpec& spec = columns[std::size_t(column)];
-    return QRectF(spec.x + textInset, headerHeight + rowHeight * row, spec.width - textShrink,
+    const ColumnLayout& place = columns[std::size_t(column)];
+    return QRectF(place.x + textInset, headerHeight + rowHeight * row, place.width - textShrink,
                   rowHeight);
 }
 
 void Cuelist::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
+    background.draw(painter, boundingRect());
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(QColor(255, 255, 255, 64), 1.7));
-    painter->setBrush(QColor(255, 255, 255, 20));
-    painter->drawRoundedRect(boundingRect().adjusted(1.5, 1.5, -1.5, -1.5), 4, 4);
     paintBands(painter);
     painter->restore();
     paintHeader(painter);
-    painter->setFont(rowFont());
-    painter->setPen(liveColour);
-    const ColumnSpec& first = columns[ModeColumn];
-    painter->drawText(QRectF(first.x, 37, first.width - textShrink, rowHeight),
-                      Qt::AlignRight | Qt::AlignVCenter, tr("LIVE"));
-    painter->setPen(nextColour);
-    painter->drawText(QRectF(first.x, 58, first.width - textShrink, rowHeight),
-                      Qt::AlignRight | Qt::AlignVCenter, tr("NEXT"));
-    for (int row = 0; row < rows && row < rowViews.size(); ++row) {
-        if (rowViews[row].valid)
+    const ColumnLayout& first = columns[ModeColumn];
+    liveText.draw(painter, QRectF(first.x, 37, first.width - textShrink, rowHeight),
+                  Qt::AlignRight | Qt::AlignVCenter, tr("LIVE"), rowFont(), liveColour);
+    nextText.draw(painter, QRectF(first.x, 58, first.width - textShrink, rowHeight),
+                  Qt::AlignRight | Qt::AlignVCenter, tr("NEXT"), rowFont(), nextColour);
+    for (int row = 0; row < rows && row < int(rowViews.size()); ++row) {
+        if (rowViews[std::size_t(row)].valid)
             paintRow(painter, row);
     }
 }
 
-void Cuelist::paintHeader(QPainter* painter) const
+void Cuelist::paintHeader(QPainter* painter)
 {
-    painter->setFont(headerFont());
-    painter->setPen(Qt::white);
     const int last = details ? AffectsColumn : WaitColumn;
     for (int c = StepColumn; c <= last; ++c) {
-        const ColumnSpec& spec = columns[std::size_t(c)];
-        if (!spec.title)
+        const ColumnLayout& place = columns[std::size_t(c)];
+        if (!place.title)
             continue;
         const bool left = c == ContentColumn || c == AffectsColumn;
-        painter->drawText(QRectF(spec.x + textInset, 0, spec.width - textShrink, headerHeight),
-                          (left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
-                          tr(spec.title));
+        headerTexts[std::size_t(c)].draw(
+            painter, QRectF(place.x + textInset, 0, place.width - textShrink, headerHeight),
+            (left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter, tr(place.title),
+            headerFont(), Qt::white);
     }
 }
 
 void Cuelist::paintBands(QPainter* painter) const
 {
-    const ColumnSpec& end = columns[std::size_t(details ? MoveColumn : WaitColumn)];
+    const ColumnLayout& end = columns[std::size_t(details ? MoveColumn : WaitColumn)];
     const qreal left = columns[StepColumn].x;
     const qreal width = end.x + end.width - left;
     painter->setPen(Qt::NoPen);
@@ -374,18 +381,21 @@ void Cuelist::paintBands(QPainter* painter) const
     }
 }
 
-void Cuelist::paintRow(QPainter* painter, int row) const
+void Cuelist::paintRow(QPainter* painter, int row)
 {
-    const RowView& view = rowViews[row];
+    RowView& view = rowViews[std::size_t(row)];
     const bool bright = isBright(row);
-    painter->setPen(bright ? QColor(Qt::white) : dimText);
-    painter->drawText(cellRect(StepColumn, row), Qt::AlignRight | Qt::AlignVCenter, view.number);
-    painter->drawText(cellRect(TypeColumn, row), Qt::AlignLeft | Qt::AlignVCenter, view.label);
+    const QColor ink = bright ? QColor(Qt::white) : dimText;
+    view.numberText.draw(painter, cellRect(StepColumn, row), Qt::AlignRight | Qt::AlignVCenter,
+                         view.number, rowFont(), ink);
+    view.labelText.draw(painter, cellRect(TypeColumn, row), Qt::AlignLeft | Qt::AlignVCenter,
+                        view.label, rowFont(), ink);
     if (!details)
         return;
     if (view.flags & darkBit)
-        painter->drawText(cellRect(MoveColumn, row), Qt::AlignRight | Qt::AlignVCenter, tr("dark"));
-    const ColumnSpec& affects = columns[AffectsColumn];
+        view.darkText.draw(painter, cellRect(MoveColumn, row), Qt::AlignRight | Qt::AlignVCenter,
+                           tr("dark"), rowFont(), ink);
+    const ColumnLayout& affects = columns[AffectsColumn];
     const qreal boxWidth = (affects.width - textShrink) / 5.0;
     QColor fill = flagFill;
     fill.setAlpha(bright ? 255 : 128);
@@ -395,14 +405,15 @@ void Cuelist::paintRow(QPainter* painter, int row) const
         const QRectF box(affects.x + textInset + qreal(k) * boxWidth,
                          headerHeight + rowHeight * row + 1, boxWidth - 2, flagBoxHeight);
         painter->fillRect(box, fill);
-        painter->setPen(bright ? QColor(Qt::white) : dimFlagText);
-        painter->drawText(box, Qt::AlignCenter, QLatin1String(flagBoxes[k].letters));
+        view.flagTexts[k].draw(painter, box, Qt::AlignHCenter | Qt::AlignVCenter,
+                               QLatin1String(flagBoxes[k].letters), rowFont(),
+                               bright ? QColor(Qt::white) : dimFlagText);
     }
 }
 
 void Cuelist::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
-    const ColumnSpec& move = columns[MoveColumn];
+    const ColumnLayout& move = columns[MoveColumn];
     const QPointF at = event->pos();
     const int row = int(std::floor((at.y() - headerHeight) / rowHeight));
     const bool inMove = details && at.x() >= move.x + textInset &&

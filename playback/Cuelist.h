@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "BlockBackground.h"
+#include "CellText.h"
 #include "Console.h"
 #include "DropdownHandler.h"
 #include "InPlaceEditableTextHandler.h"
@@ -12,6 +14,7 @@
 #include <QString>
 
 #include <array>
+#include <vector>
 
 class ConsoleButton;
 class ConsoleCache;
@@ -61,20 +64,25 @@ public:
         textListCount
     };
 
-    struct ColumnSpec
+    struct ColumnLayout
     {
         const char* title;
         int width;
         int x;
     };
 
-    // The table of one row for painting, read when the steps change.
+    // The texts of one row for painting, read when the steps change; each
+    // keeps its rendering, since a running fade repaints the list often.
     struct RowView
     {
         bool valid = false;
         QString number;
         QString label;
         quint8 flags = 0;
+        CellText numberText;
+        CellText labelText;
+        CellText darkText;
+        std::array<CellText, 5> flagTexts;
     };
 
     Cuelist(QGraphicsScene* scene, int rows, bool showDetails, float extraHeight = 0);
@@ -86,7 +94,7 @@ public:
     static int stepOfRow(int row, int rowCount, int nextStep, int afterLiveStep, int stepCount);
     int stepOfRow(int row) const;
 
-    const ColumnSpec& column(int index) const { return columns[std::size_t(index)]; }
+    const ColumnLayout& column(int index) const { return columns[std::size_t(index)]; }
     int rowCount() const { return rows; }
     void setRowCount(int count);
     bool showsDetails() const { return details; }
@@ -126,14 +134,14 @@ private:
     void refreshRows();
     void refreshModeLabel();
     void refreshAndRepaint();
-    void paintHeader(QPainter* painter) const;
+    void paintHeader(QPainter* painter);
     void paintBands(QPainter* painter) const;
-    void paintRow(QPainter* painter, int row) const;
+    void paintRow(QPainter* painter, int row);
     QRectF cellRect(int column, int row) const;
     StepRecord* stepRecord(int step) const;
     static QString modeName(int mode);
 
-    std::array<ColumnSpec, columnCount> columns{};
+    std::array<ColumnLayout, columnCount> columns{};
     int rows = 0;
     bool details;
     float extra;
@@ -141,7 +149,11 @@ private:
     int next = 0;
     int afterLive = 0;
     std::array<QList<InPlaceEditableText*>, textListCount> texts;
-    QList<RowView> rowViews;
+    std::vector<RowView> rowViews;
+    std::array<CellText, columnCount> headerTexts;
+    BlockBackground background;
+    CellText liveText;
+    CellText nextText;
     Dropdown* mode = nullptr;
     ConsoleButton* nextKeyButton = nullptr;
 };

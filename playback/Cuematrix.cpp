@@ -7,6 +7,7 @@
 #include "MoveSequenceStepDialog.h"
 #include "ScrollBar.h"
 #include "SequenceSteps.h"
+#include "WholePixel.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -116,6 +117,7 @@ void Cuematrix::setSequence(Console::Sequence sequence)
     if (!SequenceSteps::isValid(sequence))
         return;
     shown = sequence;
+    forgetCellImages();
     update();
     refreshRange();
 }
@@ -174,12 +176,11 @@ int Cuematrix::cellAt(const QPointF& point, bool allowEnd) const
 
 void Cuematrix::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
+    const QRectF bounds = boundingRect();
+    background.draw(painter, bounds);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(QColor(255, 255, 255, 64), 1.7));
-    painter->setBrush(QColor(255, 255, 255, 20));
-    const QRectF bounds = boundingRect();
-    painter->drawRoundedRect(bounds.adjusted(1.5, 1.5, -1.5, -1.5), 4, 4);
+    const bool cached = isWholePixelTranslation(painter->deviceTransform());
     const int count = stepCount();
     const int first = std::max(0, bar->currentLine() * cellsPerLine());
     const int last = std::min(count, first + lines * cellsPerLine() - 1);
@@ -187,31 +188,67 @@ void Cuematrix::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidge
         const QRectF cell = cellRect(index);
         if (!bounds.contains(cell))
             continue;
+        const Outline outline = index < count ? outlineOf(index, count) : Outline::None;
+        if (cached) {
+            painter->drawPixmap(cell.topLeft(),
+                                index < count ? cellImage(index, outline) : emptyCellImage());
+            continue;
+        }
         painter->save();
         painter->translate(cell.topLeft());
-        index < count ? paintStep(painter, index, cell) : paintEmpty(painter, cell);
+        index < count ? paintStep(painter, index, outline) : paintEmpty(painter);
         painter->restore();
     }
     painter->restore();
 }
 
-void Cuematrix::paintStep(QPainter* painter, int index, const QRectF& cell) const
+Cuematrix::Outline Cuematrix::outlineOf(int index, int count) const
 {
-    const ConsoleCache* cache = ConsoleLink::cache();
-    const SequenceSteps steps(cache, shown);
-    const StepRecord* record = steps.step(index);
-    const int count = steps.count();
-    const PlaybackRecord* playback = steps.playback();
+    const PlaybackRecord* playback = SequenceSteps(ConsoleLink::cache(), shown).playback();
     const int afterLive = playback ? playback->afterLiveStep : 0;
     const int next = playback ? playback->nextStep : 0;
-    const QRectF frame(1.7, 1.7, cell.width() - 3.4, cell.height() - 3.4);
-    QPen outline(Qt::NoPen);
-    if (index == (afterLive - 1 + count) % count)
-        outline = QPen(liveColour, 2);
-    else if (index == next)
-        outline = QPen(nextColour, 2);
+    if (count > 0 && index == (afterLive - 1 + count) % count)
+        return Outline::Live;
+    return index == next ? Outline::Next : Outline::None;
+}
+
+const QPixmap& Cuematrix::cellImage(int index, Outline outline)
+{
+    if (cellImages.size() != std::size_t(stepCount()))
+        cellImages.assign(std::size_t(stepCount()), {});
+    CellImage& image = cellImages[std::size_t(index)];
+    if (image.pixmap.isNull() || image.outline != outline) {
+        image.pixmap = QPixmap(cellWidth, cellHeight);
+        image.pixmap.fill(Qt::transparent);
+        QPainter painter(&image.pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintStep(&painter, index, outline);
+        image.outline = outline;
+    }
+    return image.pixmap;
+}
+
+const QPixmap& Cuematrix::emptyCellImage()
+{
+    if (emptyImage.isNull()) {
+        emptyImage = QPixmap(cellWidth, cellHeight);
+        emptyImage.fill(Qt::transparent);
+        QPainter painter(&emptyImage);
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintEmpty(&painter);
+    }
+    return emptyImage;
+}
+
+void Cuematrix::paintStep(QPainter* painter, int index, Outline outline) const
+{
+    const ConsoleCache* cache = ConsoleLink::cache();
+    const StepRecord* record = SequenceSteps(cache, shown).step(index);
+    const QRectF frame(1.7, 1.7, cellWidth - 3.4, cellHeight - 3.4);
     const QColor fill = typeFill(record->contentType);
-    painter->setPen(outline);
+    painter->setPen(outline == Outline::Live   ? QPen(liveColour, 2)
+                    : outline == Outline::Next ? QPen(nextColour, 2)
+                                               : QPen(Qt::NoPen));
     painter->setBrush(fill.isValid() ? QBrush(fill) : Qt::NoBrush);
     painter->drawRect(frame);
     painter->setPen(Qt::white);
@@ -231,11 +268,11 @@ void Cuematrix::paintStep(QPainter* painter, int index, const QRectF& cell) cons
     }
 }
 
-void Cuematrix::paintEmpty(QPainter* painter, const QRectF& cell) const
+void Cuematrix::paintEmpty(QPainter* painter) const
 {
     painter->setPen(Qt::NoPen);
     painter->setBrush(QColor(255, 255, 255, 32));
-    painter->drawRect(QRectF(1.7, 1.7, cell.width() - 3.4, cell.height() - 3.4));
+    painter->drawRect(QRectF(1.7, 1.7, cellWidth - 3.4, cellHeight - 3.4));
     painter->setPen(emptyText);
     painter->setFont(smallFont());
     painter->drawText(QRectF(0, 17, cellWidth, 12), Qt::AlignCenter, tr("[empty]"));
@@ -404,8 +441,9 @@ void Cuematrix::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
     } else if (record->contentType != ConsoleCache::StepDirectCue) {
         return;
     }
-    QMetaObject::invokeMethod(mainWindow, "showMemory", Qt::DirectConnection, Q_ARG(int, page),
-                              Q_ARG(int, memory));
+    if (!QMetaObject::invokeMethod(mainWindow, "showMemory", Qt::DirectConnection, Q_ARG(int, page),
+                                   Q_ARG(int, memory)))
+        qWarning("Cuematrix: the main window cannot show memory %d/%d", page, memory);
 }
 
 void Cuematrix::scrollHoverTimerTimeout()
@@ -424,12 +462,15 @@ void Cuematrix::scrollHoverTimerTimeout()
 
 void Cuematrix::consoleCachePlayLoaded()
 {
+    forgetCellImages();
     update();
     refreshRange();
 }
 
 void Cuematrix::consoleCacheMemoryUpdated(Console::Memory)
 {
+    // A stack cue's change comes as a memory change of page -1.
+    forgetCellImages();
     update();
 }
 
@@ -437,14 +478,17 @@ void Cuematrix::consoleCacheSequenceUpdated(Console::Sequence sequence)
 {
     if (sequence != shown)
         return;
+    forgetCellImages();
     update();
     refreshRange();
 }
 
 void Cuematrix::consoleCacheSequenceStepUpdated(Console::Sequence sequence, int)
 {
-    if (sequence == shown)
+    if (sequence == shown) {
+        forgetCellImages();
         update();
+    }
 }
 
 void Cuematrix::consoleCachePlaybackUpdated()

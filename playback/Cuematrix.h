@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "BlockBackground.h"
 #include "Console.h"
 
 #include <QGraphicsItem>
 #include <QObject>
+#include <QPixmap>
 #include <QPointer>
 #include <QTimer>
+
+#include <vector>
 
 class ScrollBar;
 class QWidget;
@@ -85,8 +89,20 @@ private:
     void runDrag(QWidget* widget);
     void openContextMenu(int index, QWidget* widget, const QPoint& screenPos);
     QWidget* dialogParent(QWidget* widget) const;
-    void paintStep(QPainter* painter, int index, const QRectF& cell) const;
-    void paintEmpty(QPainter* painter, const QRectF& cell) const;
+    // How a step cell is outlined: as LIVE, as NEXT, or not.
+    enum class Outline
+    {
+        None,
+        Live,
+        Next
+    };
+    Outline outlineOf(int index, int count) const;
+    void paintStep(QPainter* painter, int index, Outline outline) const;
+    void paintEmpty(QPainter* painter) const;
+    // The step cell drawn once, redrawn when its step or outline changes.
+    const QPixmap& cellImage(int index, Outline outline);
+    const QPixmap& emptyCellImage();
+    void forgetCellImages() { cellImages.clear(); }
 
     Console::Sequence shown;
     int lines;
@@ -96,4 +112,13 @@ private:
     int pressed = -1;
     bool isPressed = false;
     QPointer<QWidget> dragWidget;
+    struct CellImage
+    {
+        QPixmap pixmap;
+        Outline outline = Outline::None;
+    };
+    // By step index; a frame repaints every visible cell at the playback rate.
+    std::vector<CellImage> cellImages;
+    QPixmap emptyImage;
+    BlockBackground background;
 };

@@ -2,6 +2,174 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Cuelist</name>
+    <message>
+        <source>Step</source>
+        <translation>Schritt</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Ab</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Warten</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Bewegen</translation>
+    </message>
+    <message>
+        <source>Affects</source>
+        <translation>Betrifft</translation>
+    </message>
+    <message>
+        <source>NEXT</source>
+        <translation>NEXT</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>One Shot</source>
+        <translation>Einmalig</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuell</translation>
+    </message>
+    <message>
+        <source>LIVE</source>
+        <translation>LIVE</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>dunkel</translation>
+    </message>
+</context>
+<context>
+    <name>Cuematrix</name>
+    <message>
+        <source>[empty]</source>
+        <translation>[leer]</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Schritt einfügen</translation>
+    </message>
+    <message>
+        <source>No space to insert a cue here</source>
+        <translation>Hier ist kein Platz, um eine Cue einzufügen</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Schritt löschen</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>Sind Sie sicher?</translation>
+    </message>
+    <message>
+        <source>Move step</source>
+        <translation>Schritt verschieben</translation>
+    </message>
+    <message>
+        <source>No space to move a cue here</source>
+        <translation>Hier ist kein Platz, um eine Cue hin zu verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>GMButtonRow</name>
+    <message>
+        <source>IND 1</source>
+        <translation>IND 1</translation>
+    </message>
+    <message>
+        <source>IND 2</source>
+        <translation>IND 2</translation>
+    </message>
+    <message>
+        <source>BLACK OUT</source>
+        <translation>BLACK OUT</translation>
+    </message>
+    <message>
+        <source>SOLO</source>
+        <translation>SOLO</translation>
+    </message>
+    <message>
+        <source>MEMS</source>
+        <translation>SPEICH</translation>
+    </message>
+    <message>
+        <source>25-48</source>
+        <translation>25-48</translation>
+    </message>
+    <message>
+        <source>1-24</source>
+        <translation>1-24</translation>
+    </message>
+    <message>
+        <source>49-96</source>
+        <translation>49-96</translation>
+    </message>
+    <message>
+        <source>1-48</source>
+        <translation>1-48</translation>
+    </message>
+    <message>
+        <source>GM</source>
+        <translation>GM</translation>
+    </message>
+    <message>
+        <source>BUMPS</source>
+        <translation>FLASH</translation>
+    </message>
+    <message>
+        <source>PAGE</source>
+        <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>InsertSequenceStepDialogClass</name>
+    <message>
+        <source>Insert sequence step</source>
+        <translation>Sequenzschritt einfügen</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Direct cue</source>
+        <translation>Direkte Cue</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Cue-Nummer</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>InterfaceDialogClass</name>
     <message>
         <source>Lumidesk</source>
@@ -66,116 +234,6 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     <message>
         <source>Lumidesk failed to load the console selected!</source>
         <translation>Lumidesk konnte die ausgewählte Konsole nicht laden!</translation>
-    </message>
-</context>
-<context>
-    <name>MainFrame</name>
-    <message>
-        <source>Connection error</source>
-        <translation>Verbindungsfehler</translation>
-    </message>
-    <message>
-        <source>Exit Lumidesk</source>
-        <translation>Lumidesk beenden</translation>
-    </message>
-    <message>
-        <source>Save showfile</source>
-        <translation>Showdatei speichern</translation>
-    </message>
-    <message>
-        <source>Show files (*.asc)</source>
-        <translation>Showdateien (*.asc)</translation>
-    </message>
-    <message>
-        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
-        <translation>Die Glowcraft-Konsole muss im Normalmodus laufen, damit sie sich mit Lumidesk verbinden kann.</translation>
-    </message>
-    <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>Die Softwareversion der Konsole passt nicht zur Softwareversion von Lumidesk.
-Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation>
-    </message>
-    <message>
-        <source>Would you like to save your data first?</source>
-        <translation>Möchten Sie Ihre Daten zuerst speichern?</translation>
-    </message>
-</context>
-<context>
-    <name>PagesView</name>
-    <message>
-        <source>Pages</source>
-        <translation>Seiten</translation>
-    </message>
-    <message>
-        <source>Pages Hi</source>
-        <translation>Seiten Hi</translation>
-    </message>
-    <message>
-        <source>Pages Lo</source>
-        <translation>Seiten Lo</translation>
-    </message>
-</context>
-<context>
-    <name>TitleBar</name>
-    <message>
-        <source>Change language</source>
-        <translation>Sprache ändern</translation>
-    </message>
-    <message>
-        <source>You must restart Lumidesk in order for the language change to take effect!</source>
-        <translation>Sie müssen Lumidesk neu starten, damit die Sprachänderung wirksam wird!</translation>
-    </message>
-</context>
-<context>
-    <name>GMButtonRow</name>
-    <message>
-        <source>IND 1</source>
-        <translation>IND 1</translation>
-    </message>
-    <message>
-        <source>IND 2</source>
-        <translation>IND 2</translation>
-    </message>
-    <message>
-        <source>BLACK OUT</source>
-        <translation>BLACK OUT</translation>
-    </message>
-    <message>
-        <source>SOLO</source>
-        <translation>SOLO</translation>
-    </message>
-    <message>
-        <source>MEMS</source>
-        <translation>SPEICH</translation>
-    </message>
-    <message>
-        <source>25-48</source>
-        <translation>25-48</translation>
-    </message>
-    <message>
-        <source>1-24</source>
-        <translation>1-24</translation>
-    </message>
-    <message>
-        <source>49-96</source>
-        <translation>49-96</translation>
-    </message>
-    <message>
-        <source>1-48</source>
-        <translation>1-48</translation>
-    </message>
-    <message>
-        <source>GM</source>
-        <translation>GM</translation>
-    </message>
-    <message>
-        <source>BUMPS</source>
-        <translation>FLASH</translation>
-    </message>
-    <message>
-        <source>PAGE</source>
-        <translation>SEITE</translation>
     </message>
 </context>
 <context>
@@ -258,6 +316,39 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     </message>
 </context>
 <context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Verbindungsfehler</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Lumidesk beenden</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Showdatei speichern</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Showdateien (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>Die Glowcraft-Konsole muss im Normalmodus laufen, damit sie sich mit Lumidesk verbinden kann.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>Die Softwareversion der Konsole passt nicht zur Softwareversion von Lumidesk.
+Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>Möchten Sie Ihre Daten zuerst speichern?</translation>
+    </message>
+</context>
+<context>
     <name>PagesBlock</name>
     <message>
         <source>FADER</source>
@@ -266,6 +357,51 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     <message>
         <source>PAGE</source>
         <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>PagesView</name>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Pages Hi</source>
+        <translation>Seiten Hi</translation>
+    </message>
+    <message>
+        <source>Pages Lo</source>
+        <translation>Seiten Lo</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Sprache ändern</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>Sie müssen Lumidesk neu starten, damit die Sprachänderung wirksam wird!</translation>
+    </message>
+</context>
+<context>
+    <name>movesequencestepdialogClass</name>
+    <message>
+        <source>Move sequence step</source>
+        <translation>Sequenzschritt verschieben</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Cue-Nummer</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,174 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>Cuelist</name>
+    <message>
+        <source>Step</source>
+        <translation>Paso</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenido</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Subida</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Bajada</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Espera</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Mover</translation>
+    </message>
+    <message>
+        <source>Affects</source>
+        <translation>Afecta</translation>
+    </message>
+    <message>
+        <source>NEXT</source>
+        <translation>NEXT</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Bucle</translation>
+    </message>
+    <message>
+        <source>One Shot</source>
+        <translation>Una vez</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manual</translation>
+    </message>
+    <message>
+        <source>LIVE</source>
+        <translation>LIVE</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>oscuro</translation>
+    </message>
+</context>
+<context>
+    <name>Cuematrix</name>
+    <message>
+        <source>[empty]</source>
+        <translation>[vacío]</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Insertar paso</translation>
+    </message>
+    <message>
+        <source>No space to insert a cue here</source>
+        <translation>No hay espacio para insertar una cue aquí</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Eliminar paso</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>¿Está seguro?</translation>
+    </message>
+    <message>
+        <source>Move step</source>
+        <translation>Mover paso</translation>
+    </message>
+    <message>
+        <source>No space to move a cue here</source>
+        <translation>No hay espacio para mover una cue aquí</translation>
+    </message>
+</context>
+<context>
+    <name>GMButtonRow</name>
+    <message>
+        <source>IND 1</source>
+        <translation>IND 1</translation>
+    </message>
+    <message>
+        <source>IND 2</source>
+        <translation>IND 2</translation>
+    </message>
+    <message>
+        <source>BLACK OUT</source>
+        <translation>BLACK OUT</translation>
+    </message>
+    <message>
+        <source>SOLO</source>
+        <translation>SOLO</translation>
+    </message>
+    <message>
+        <source>MEMS</source>
+        <translation>MEMS</translation>
+    </message>
+    <message>
+        <source>25-48</source>
+        <translation>25-48</translation>
+    </message>
+    <message>
+        <source>1-24</source>
+        <translation>1-24</translation>
+    </message>
+    <message>
+        <source>49-96</source>
+        <translation>49-96</translation>
+    </message>
+    <message>
+        <source>1-48</source>
+        <translation>1-48</translation>
+    </message>
+    <message>
+        <source>GM</source>
+        <translation>GM</translation>
+    </message>
+    <message>
+        <source>BUMPS</source>
+        <translation>FLASHES</translation>
+    </message>
+    <message>
+        <source>PAGE</source>
+        <translation>PÁGINA</translation>
+    </message>
+</context>
+<context>
+    <name>InsertSequenceStepDialogClass</name>
+    <message>
+        <source>Insert sequence step</source>
+        <translation>Insertar paso de secuencia</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Canal</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Direct cue</source>
+        <translation>Cue directa</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Número de cue</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Insertar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
     <name>InterfaceDialogClass</name>
     <message>
         <source>Lumidesk</source>
@@ -66,116 +234,6 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     <message>
         <source>Lumidesk failed to load the console selected!</source>
         <translation>¡Lumidesk no ha podido cargar la consola seleccionada!</translation>
-    </message>
-</context>
-<context>
-    <name>MainFrame</name>
-    <message>
-        <source>Connection error</source>
-        <translation>Error de conexión</translation>
-    </message>
-    <message>
-        <source>Exit Lumidesk</source>
-        <translation>Salir de Lumidesk</translation>
-    </message>
-    <message>
-        <source>Save showfile</source>
-        <translation>Guardar archivo de espectáculo</translation>
-    </message>
-    <message>
-        <source>Show files (*.asc)</source>
-        <translation>Archivos de espectáculo (*.asc)</translation>
-    </message>
-    <message>
-        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
-        <translation>La consola Glowcraft debe funcionar en modo Normal para poder conectarse a Lumidesk.</translation>
-    </message>
-    <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>La versión del software de la consola no coincide con la versión del software de Lumidesk.
-Actualice uno o ambos lados a versiones que coincidan.</translation>
-    </message>
-    <message>
-        <source>Would you like to save your data first?</source>
-        <translation>¿Desea guardar primero sus datos?</translation>
-    </message>
-</context>
-<context>
-    <name>PagesView</name>
-    <message>
-        <source>Pages</source>
-        <translation>Páginas</translation>
-    </message>
-    <message>
-        <source>Pages Hi</source>
-        <translation>Páginas Hi</translation>
-    </message>
-    <message>
-        <source>Pages Lo</source>
-        <translation>Páginas Lo</translation>
-    </message>
-</context>
-<context>
-    <name>TitleBar</name>
-    <message>
-        <source>Change language</source>
-        <translation>Cambiar idioma</translation>
-    </message>
-    <message>
-        <source>You must restart Lumidesk in order for the language change to take effect!</source>
-        <translation>¡Debe reiniciar Lumidesk para que el cambio de idioma surta efecto!</translation>
-    </message>
-</context>
-<context>
-    <name>GMButtonRow</name>
-    <message>
-        <source>IND 1</source>
-        <translation>IND 1</translation>
-    </message>
-    <message>
-        <source>IND 2</source>
-        <translation>IND 2</translation>
-    </message>
-    <message>
-        <source>BLACK OUT</source>
-        <translation>BLACK OUT</translation>
-    </message>
-    <message>
-        <source>SOLO</source>
-        <translation>SOLO</translation>
-    </message>
-    <message>
-        <source>MEMS</source>
-        <translation>MEMS</translation>
-    </message>
-    <message>
-        <source>25-48</source>
-        <translation>25-48</translation>
-    </message>
-    <message>
-        <source>1-24</source>
-        <translation>1-24</translation>
-    </message>
-    <message>
-        <source>49-96</source>
-        <translation>49-96</translation>
-    </message>
-    <message>
-        <source>1-48</source>
-        <translation>1-48</translation>
-    </message>
-    <message>
-        <source>GM</source>
-        <translation>GM</translation>
-    </message>
-    <message>
-        <source>BUMPS</source>
-        <translation>FLASHES</translation>
-    </message>
-    <message>
-        <source>PAGE</source>
-        <translation>PÁGINA</translation>
     </message>
 </context>
 <context>
@@ -258,6 +316,39 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     </message>
 </context>
 <context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Error de conexión</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Salir de Lumidesk</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Guardar archivo de espectáculo</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Archivos de espectáculo (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>La consola Glowcraft debe funcionar en modo Normal para poder conectarse a Lumidesk.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La versión del software de la consola no coincide con la versión del software de Lumidesk.
+Actualice uno o ambos lados a versiones que coincidan.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>¿Desea guardar primero sus datos?</translation>
+    </message>
+</context>
+<context>
     <name>PagesBlock</name>
     <message>
         <source>FADER</source>
@@ -266,6 +357,51 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     <message>
         <source>PAGE</source>
         <translation>PÁGINA</translation>
+    </message>
+</context>
+<context>
+    <name>PagesView</name>
+    <message>
+        <source>Pages</source>
+        <translation>Páginas</translation>
+    </message>
+    <message>
+        <source>Pages Hi</source>
+        <translation>Páginas Hi</translation>
+    </message>
+    <message>
+        <source>Pages Lo</source>
+        <translation>Páginas Lo</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Cambiar idioma</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>¡Debe reiniciar Lumidesk para que el cambio de idioma surta efecto!</translation>
+    </message>
+</context>
+<context>
+    <name>movesequencestepdialogClass</name>
+    <message>
+        <source>Move sequence step</source>
+        <translation>Mover paso de secuencia</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Número de cue</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Mover</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,174 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>Cuelist</name>
+    <message>
+        <source>Step</source>
+        <translation>Pas</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenu</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Montée</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Descente</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>Attente</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Déplacer</translation>
+    </message>
+    <message>
+        <source>Affects</source>
+        <translation>Affecte</translation>
+    </message>
+    <message>
+        <source>NEXT</source>
+        <translation>NEXT</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>One Shot</source>
+        <translation>Une fois</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuel</translation>
+    </message>
+    <message>
+        <source>LIVE</source>
+        <translation>LIVE</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>noir</translation>
+    </message>
+</context>
+<context>
+    <name>Cuematrix</name>
+    <message>
+        <source>[empty]</source>
+        <translation>[vide]</translation>
+    </message>
+    <message>
+        <source>Insert step</source>
+        <translation>Insérer un pas</translation>
+    </message>
+    <message>
+        <source>No space to insert a cue here</source>
+        <translation>Pas de place pour insérer une cue ici</translation>
+    </message>
+    <message>
+        <source>Delete step</source>
+        <translation>Supprimer le pas</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>Êtes-vous sûr ?</translation>
+    </message>
+    <message>
+        <source>Move step</source>
+        <translation>Déplacer le pas</translation>
+    </message>
+    <message>
+        <source>No space to move a cue here</source>
+        <translation>Pas de place pour déplacer une cue ici</translation>
+    </message>
+</context>
+<context>
+    <name>GMButtonRow</name>
+    <message>
+        <source>IND 1</source>
+        <translation>IND 1</translation>
+    </message>
+    <message>
+        <source>IND 2</source>
+        <translation>IND 2</translation>
+    </message>
+    <message>
+        <source>BLACK OUT</source>
+        <translation>BLACK OUT</translation>
+    </message>
+    <message>
+        <source>SOLO</source>
+        <translation>SOLO</translation>
+    </message>
+    <message>
+        <source>MEMS</source>
+        <translation>MÉM</translation>
+    </message>
+    <message>
+        <source>25-48</source>
+        <translation>25-48</translation>
+    </message>
+    <message>
+        <source>1-24</source>
+        <translation>1-24</translation>
+    </message>
+    <message>
+        <source>49-96</source>
+        <translation>49-96</translation>
+    </message>
+    <message>
+        <source>1-48</source>
+        <translation>1-48</translation>
+    </message>
+    <message>
+        <source>GM</source>
+        <translation>GM</translation>
+    </message>
+    <message>
+        <source>BUMPS</source>
+        <translation>FLASHS</translation>
+    </message>
+    <message>
+        <source>PAGE</source>
+        <translation>PAGE</translation>
+    </message>
+</context>
+<context>
+    <name>InsertSequenceStepDialogClass</name>
+    <message>
+        <source>Insert sequence step</source>
+        <translation>Insérer un pas de séquence</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Circuit</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Mémoire</translation>
+    </message>
+    <message>
+        <source>Direct cue</source>
+        <translation>Cue directe</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numéro de cue</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Insérer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
     <name>InterfaceDialogClass</name>
     <message>
         <source>Lumidesk</source>
@@ -66,116 +234,6 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>Lumidesk failed to load the console selected!</source>
         <translation>Lumidesk n'a pas pu charger la console sélectionnée !</translation>
-    </message>
-</context>
-<context>
-    <name>MainFrame</name>
-    <message>
-        <source>Connection error</source>
-        <translation>Erreur de connexion</translation>
-    </message>
-    <message>
-        <source>Exit Lumidesk</source>
-        <translation>Quitter Lumidesk</translation>
-    </message>
-    <message>
-        <source>Save showfile</source>
-        <translation>Enregistrer le fichier de spectacle</translation>
-    </message>
-    <message>
-        <source>Show files (*.asc)</source>
-        <translation>Fichiers de spectacle (*.asc)</translation>
-    </message>
-    <message>
-        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
-        <translation>La console Glowcraft doit fonctionner en mode Normal pour se connecter à Lumidesk.</translation>
-    </message>
-    <message>
-        <source>The console software version does not match the Lumidesk software version.
-Please update one or both sides to a matching version.</source>
-        <translation>La version du logiciel de la console ne correspond pas à celle de Lumidesk.
-Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspondantes.</translation>
-    </message>
-    <message>
-        <source>Would you like to save your data first?</source>
-        <translation>Voulez-vous d'abord enregistrer vos données ?</translation>
-    </message>
-</context>
-<context>
-    <name>PagesView</name>
-    <message>
-        <source>Pages</source>
-        <translation>Pages</translation>
-    </message>
-    <message>
-        <source>Pages Hi</source>
-        <translation>Pages Hi</translation>
-    </message>
-    <message>
-        <source>Pages Lo</source>
-        <translation>Pages Lo</translation>
-    </message>
-</context>
-<context>
-    <name>TitleBar</name>
-    <message>
-        <source>Change language</source>
-        <translation>Changer de langue</translation>
-    </message>
-    <message>
-        <source>You must restart Lumidesk in order for the language change to take effect!</source>
-        <translation>Vous devez redémarrer Lumidesk pour que le changement de langue prenne effet !</translation>
-    </message>
-</context>
-<context>
-    <name>GMButtonRow</name>
-    <message>
-        <source>IND 1</source>
-        <translation>IND 1</translation>
-    </message>
-    <message>
-        <source>IND 2</source>
-        <translation>IND 2</translation>
-    </message>
-    <message>
-        <source>BLACK OUT</source>
-        <translation>BLACK OUT</translation>
-    </message>
-    <message>
-        <source>SOLO</source>
-        <translation>SOLO</translation>
-    </message>
-    <message>
-        <source>MEMS</source>
-        <translation>MÉM</translation>
-    </message>
-    <message>
-        <source>25-48</source>
-        <translation>25-48</translation>
-    </message>
-    <message>
-        <source>1-24</source>
-        <translation>1-24</translation>
-    </message>
-    <message>
-        <source>49-96</source>
-        <translation>49-96</translation>
-    </message>
-    <message>
-        <source>1-48</source>
-        <translation>1-48</translation>
-    </message>
-    <message>
-        <source>GM</source>
-        <translation>GM</translation>
-    </message>
-    <message>
-        <source>BUMPS</source>
-        <translation>FLASHS</translation>
-    </message>
-    <message>
-        <source>PAGE</source>
-        <translation>PAGE</translation>
     </message>
 </context>
 <context>
@@ -258,6 +316,39 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     </message>
 </context>
 <context>
+    <name>MainFrame</name>
+    <message>
+        <source>Connection error</source>
+        <translation>Erreur de connexion</translation>
+    </message>
+    <message>
+        <source>Exit Lumidesk</source>
+        <translation>Quitter Lumidesk</translation>
+    </message>
+    <message>
+        <source>Save showfile</source>
+        <translation>Enregistrer le fichier de spectacle</translation>
+    </message>
+    <message>
+        <source>Show files (*.asc)</source>
+        <translation>Fichiers de spectacle (*.asc)</translation>
+    </message>
+    <message>
+        <source>The Glowcraft console must be running in Normal mode in order to connect to Lumidesk.</source>
+        <translation>La console Glowcraft doit fonctionner en mode Normal pour se connecter à Lumidesk.</translation>
+    </message>
+    <message>
+        <source>The console software version does not match the Lumidesk software version.
+Please update one or both sides to a matching version.</source>
+        <translation>La version du logiciel de la console ne correspond pas à celle de Lumidesk.
+Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspondantes.</translation>
+    </message>
+    <message>
+        <source>Would you like to save your data first?</source>
+        <translation>Voulez-vous d'abord enregistrer vos données ?</translation>
+    </message>
+</context>
+<context>
     <name>PagesBlock</name>
     <message>
         <source>FADER</source>
@@ -266,6 +357,51 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>PAGE</source>
         <translation>PAGE</translation>
+    </message>
+</context>
+<context>
+    <name>PagesView</name>
+    <message>
+        <source>Pages</source>
+        <translation>Pages</translation>
+    </message>
+    <message>
+        <source>Pages Hi</source>
+        <translation>Pages Hi</translation>
+    </message>
+    <message>
+        <source>Pages Lo</source>
+        <translation>Pages Lo</translation>
+    </message>
+</context>
+<context>
+    <name>TitleBar</name>
+    <message>
+        <source>Change language</source>
+        <translation>Changer de langue</translation>
+    </message>
+    <message>
+        <source>You must restart Lumidesk in order for the language change to take effect!</source>
+        <translation>Vous devez redémarrer Lumidesk pour que le changement de langue prenne effet !</translation>
+    </message>
+</context>
+<context>
+    <name>movesequencestepdialogClass</name>
+    <message>
+        <source>Move sequence step</source>
+        <translation>Déplacer un pas de séquence</translation>
+    </message>
+    <message>
+        <source>Cue number</source>
+        <translation>Numéro de cue</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Déplacer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 </TS>

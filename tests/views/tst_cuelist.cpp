@@ -26,20 +26,16 @@ constexpr int stackKey = 144; // 12 sequence faders x 12 pages
 const Console::Sequence stack;
 const Console::Sequence firstSequence(0, 1);
 
-// Fills a list's steps with cue numbers; up time i + 1 seconds tells them apart.
+// Fills a list's steps with cue numbers; up time i + 1 seconds tells them
+// apart, and their types cycle channel, memory, direct cue, empty.
 void fillSteps(PanelConsole& console, Console::Sequence sequence, const QList<int>& cues)
 {
     ConsoleCache* cache = console.console->cache();
     for (int i = 0; i < int(cues.size()); ++i) {
         StepRecord* step = cache->step(sequence.page, sequence.fader, i);
-        *step = StepRecord{quint16(cues[i]),
-                           quint16(i),
-                           ConsoleCache::StepChannel,
-                           quint16(10 * (i + 1)),
-                           0,
-                           0,
-                           0,
-                           0};
+        *step = StepRecord{};
+        std::tie(step->cueNumber, step->contentIndex, step->contentType, step->upTime) =
+            std::tuple(quint16(cues[i]), quint16(i), quint32(i % 4), quint16(10 * (i + 1)));
     }
     if (sequence.isStack())
         console.record()->stackStepCount = quint8(cues.size());
@@ -66,16 +62,13 @@ struct PopupAnswerer : QObject
             if (!menu)
                 return;
             poll.stop();
-            for (QAction* action : menu->actions())
-                entries << (action->isEnabled() ? QString() : QStringLiteral("-")) + action->text();
+            QAction* chosen = nullptr;
             for (QAction* action : menu->actions()) {
-                if (action->text() == this->pick && action->isEnabled()) {
-                    menu->setActiveAction(action);
-                    QTest::keyClick(menu, Qt::Key_Return);
-                    return;
-                }
+                entries << (action->isEnabled() ? QString() : QStringLiteral("-")) + action->text();
+                chosen = action->text() == this->pick && action->isEnabled() ? action : chosen;
             }
-            menu->close();
+            menu->setActiveAction(chosen);
+            chosen ? QTest::keyClick(menu, Qt::Key_Return) : void(menu->close());
         });
         poll.start(5);
     }
@@ -115,12 +108,19 @@ bool dragAndDrop(QGraphicsScene& scene, QPointF at, const QString& text)
     }
     return accepted;
 }
-
-QPointF cellCentre(const Cuematrix& matrix, int index)
-{
-    return matrix.cellRect(index).center();
-}
 } // namespace
+
+// Stands in for the main window a double-click asks to show a memory.
+class MemoryOpener : public QWidget
+{
+    Q_OBJECT
+public:
+    Q_INVOKABLE void showMemory(int page, int memory)
+    {
+        opened = QStringLiteral("%1/%2").arg(page).arg(memory);
+    }
+    QString opened;
+};
 
 class TestCuelist : public QObject
 {
@@ -130,6 +130,10 @@ private slots:
     void init();
     void rowsFollowTheLivePosition_data();
     void rowsFollowTheLivePosition();
+    void editsReachTheRecordAndTheEngine_data();
+    void editsReachTheRecordAndTheEngine();
+    void matrixCellsShowTypeAndPosition_data();
+    void matrixCellsShowTypeAndPosition();
     void dialogsOfferFreeCueNumbers_data();
     void dialogsOfferFreeCueNumbers();
     void insertedStepGetsItsContentFromTheHook();
@@ -140,6 +144,7 @@ private slots:
     void contextMenuKeepsToTheLimits_data();
     void contextMenuKeepsToTheLimits();
     void stepsInsertedThroughTheMenuReachTheEngine();
+    void panelRecordsIntoTheSequenceItsFlashKeyPicked();
 
 private:
     std::unique_ptr<PanelConsole> console;
@@ -166,20 +171,107 @@ void TestCuelist::rowsFollowTheLivePosition()
 {
     const auto [rows, steps, next, afterLive, upTimes] =
         fetch<int, int, int, int, QString>({"rows", "steps", "next", "afterLive", "upTimes"});
-    QGraphicsScene scene;
-    auto* list = new Cuelist(&scene, rows, false);
     fillSteps(*console, stack, numbers(10, steps));
+    QGraphicsScene scene;
+    auto* list = new Cuelist(&scene, 12, false);
+    list->setRowCount(rows); // fewer rows than before, as for the stack after a sequence
     PlaybackRecord& playback = console->record()->playbacks[12];
     playback.nextStep = quint8(next);
     playback.afterLiveStep = quint8(afterLive);
     console->notify(ConsoleCode::StackChanged);
     console->notify(ConsoleCode::PlaybackChanged);
+    // Keys outside the console, as a stray signal may carry, change nothing.
+    const Console::Sequence stray(12, 0);
+    list->setSequence(stray);
+    emit console->console->sequenceStepUpdated(stray, 400);
+    QCoreApplication::processEvents();
     QStringList shown;
     for (int row = 0; row < rows; ++row) {
         const InPlaceEditableText* up = list->text(Cuelist::UpText, row);
         shown << (up->isVisible() ? up->text() : QStringLiteral("-"));
     }
     QCOMPARE(shown.join(QLatin1Char('|')), upTimes);
+    for (int row = rows; row < 12; ++row)
+        QVERIFY(!list->text(Cuelist::UpText, row)->isVisible());
+}
+
+void TestCuelist::editsReachTheRecordAndTheEngine_data()
+{
+    // Stack steps 0..2 (channel, memory, direct cue); rows 2.. show them.
+    addColumns<int, int, QString, QString, Calls>({"list", "row", "text", "stored", "sent"});
+    QTest::newRow("up time") << int(Cuelist::UpText) << 2 << "2.5"
+                             << "25|0|0|0|" << Calls{{4, 0, 0, 0}};
+    QTest::newRow("wait time in minutes") << int(Cuelist::WaitText) << 3 << "1:05"
+                                          << "20|0|650|0|" << Calls{{4, 1, 0, 0}};
+    QTest::newRow("direct cue text") << int(Cuelist::ContentText) << 4 << "Storm"
+                                     << "30|0|0|0|Storm" << Calls{{4, 2, 0, 0}};
+    QTest::newRow("channel content is not editable") << int(Cuelist::ContentText) << 2 << "Lost"
+                                                     << "10|0|0|0|" << Calls{};
+    QTest::newRow("row without a step") << int(Cuelist::UpText) << 6 << "9"
+                                        << "" << Calls{};
+    QTest::newRow("dark toggled in the Move column") << -1 << 3 << ""
+                                                     << "20|0|0|16|" << Calls{{4, 1, 0, 0}};
+}
+
+void TestCuelist::editsReachTheRecordAndTheEngine()
+{
+    const auto [list, row, text, stored, sent] =
+        fetch<int, int, QString, QString, Calls>({"list", "row", "text", "stored", "sent"});
+    fillSteps(*console, stack, numbers(10, 3));
+    QGraphicsScene scene;
+    auto* cuelist = new Cuelist(&scene, 8, true);
+    console->engine.clearUpdates();
+    if (list < 0)
+        SceneMouse{scene}.click(QPointF(460, 16 + 21 * row + 10));
+    else
+        cuelist->textChanged(cuelist->text(Cuelist::TextList(list), row), text);
+    const int step = cuelist->stepOfRow(row);
+    const StepRecord* record = console->console->cache()->step(-1, -1, std::max(step, 0));
+    const QString now = step < 0
+                            ? QString()
+                            : QString::asprintf("%d|%d|%d|%d|", record->upTime, record->downTime,
+                                                record->waitTime, record->flags) +
+                                  console->console->cache()->cueLabel(step, -1);
+    QCOMPARE(now, stored);
+    QCOMPARE(console->engine.takeUpdates(), sent);
+}
+
+void TestCuelist::matrixCellsShowTypeAndPosition_data()
+{
+    addColumns<int, QColor, QColor, QString>({"cell", "outline", "fill", "opens"});
+    // Step 1 (memory 25: page 1, memory 1) is LIVE, step 2 NEXT.
+    QTest::newRow("channel") << 0 << QColor() << QColor(0, 255, 0, 64) << "";
+    QTest::newRow("LIVE memory") << 1 << QColor(206, 194, 81) << QColor(255, 0, 0, 64) << "1/1";
+    QTest::newRow("NEXT direct cue")
+        << 2 << QColor(96, 78, 215) << QColor(255, 255, 0, 64) << "-1/2";
+    QTest::newRow("empty step") << 3 << QColor() << QColor(Qt::transparent) << "";
+    QTest::newRow("place after the last") << 4 << QColor() << QColor(255, 255, 255, 32) << "";
+}
+
+void TestCuelist::matrixCellsShowTypeAndPosition()
+{
+    const auto [cell, outline, fill, opens] =
+        fetch<int, QColor, QColor, QString>({"cell", "outline", "fill", "opens"});
+    fillSteps(*console, stack, numbers(10, 4));
+    console->console->cache()->step(-1, -1, 1)->contentIndex = 25;
+    console->record()->playbacks[12].afterLiveStep = 2;
+    console->record()->playbacks[12].nextStep = 2;
+    QGraphicsScene scene;
+    MemoryOpener opener;
+    auto* matrix = new Cuematrix(&scene, 2, &opener);
+    matrix->setSequence(Console::Sequence(3, -2)); // no such sequence: still the stack
+    const QImage image = paintedItem(matrix, matrix->boundingRect().toRect(), Qt::black);
+    const QPoint corner = matrix->cellRect(cell).topLeft().toPoint();
+    // The background's own tint is under every cell; an outline covers the
+    // cell's second pixel column, and nothing reaches its first without one.
+    const QRgb ground = image.pixel(3, 50);
+    if (outline.isValid())
+        QCOMPARE(QColor(image.pixel(corner + QPoint(1, 20))), outline);
+    else
+        QCOMPARE(QColor(image.pixel(corner + QPoint(0, 20))), QColor(ground));
+    QCOMPARE(QColor(image.pixel(corner + QPoint(6, 20))), QColor(over(ground, fill)));
+    SceneMouse{scene}.send(QEvent::GraphicsSceneMouseDoubleClick, corner + QPoint(25, 20), {});
+    QCOMPARE(opener.opened, opens);
 }
 
 void TestCuelist::dialogsOfferFreeCueNumbers_data()
@@ -204,8 +296,6 @@ void TestCuelist::dialogsOfferFreeCueNumbers_data()
         << Calls{{35, stackKey, 2, 1}, {42, stackKey, 1, 11}};
     QTest::newRow("move to the first place moves nothing")
         << true << QList<int>{10, 20} << 1 << 0 << QStringList{} << Calls{};
-    QTest::newRow("move to the end moves nothing")
-        << true << QList<int>{10, 20} << 0 << 2 << QStringList{} << Calls{};
 }
 
 void TestCuelist::dialogsOfferFreeCueNumbers()
@@ -273,10 +363,10 @@ void TestCuelist::dropsMoveSteps()
     QGraphicsScene scene;
     auto* matrix = new Cuematrix(&scene, 4, nullptr);
     matrix->setSequence(firstSequence);
-    SceneMouse{scene}.click(cellCentre(*matrix, from));
+    SceneMouse{scene}.click(matrix->cellRect(from).center());
     console->engine.clearUpdates();
-    const QPointF edge = matrix->cellRect(boundary).topLeft() + QPointF(0, 20);
-    QCOMPARE(dragAndDrop(scene, edge, mime), accepted);
+    QCOMPARE(dragAndDrop(scene, matrix->cellRect(boundary).topLeft() + QPointF(0, 20), mime),
+             accepted);
     QCOMPARE(console->engine.takeUpdates(), sent);
 }
 
@@ -298,7 +388,7 @@ void TestCuelist::crowdedStackWarnsAndKeepsItsSteps()
     fillSteps(*console, stack, cues);
     QGraphicsScene scene;
     auto* matrix = new Cuematrix(&scene, 4, nullptr);
-    SceneMouse{scene}.click(cellCentre(*matrix, std::max(from, 0)));
+    SceneMouse{scene}.click(matrix->cellRect(std::max(from, 0)).center());
     console->engine.clearUpdates();
     ModalAnswerer answerer({ModalAnswerer::press(QMessageBox::Ok)});
     if (from < 0)
@@ -336,7 +426,7 @@ void TestCuelist::contextMenuKeepsToTheLimits()
     auto* matrix = new Cuematrix(&scene, 4, nullptr);
     matrix->setSequence(sequence);
     PopupAnswerer popup({});
-    rightClick(scene, cellCentre(*matrix, cell));
+    rightClick(scene, matrix->cellRect(cell).center());
     QCOMPARE(popup.entries, entries);
 }
 
@@ -344,6 +434,7 @@ void TestCuelist::stepsInsertedThroughTheMenuReachTheEngine()
 {
     console.reset();
     EngineSession session(QStringLiteral("glowEngine"), 0);
+    session.engine()->newShow(); // the last run's show is kept
     ConsoleLink::setConsole(session.console());
     const Console::Sequence sequence(11, 11);
     QVERIFY(session.step());
@@ -351,7 +442,6 @@ void TestCuelist::stepsInsertedThroughTheMenuReachTheEngine()
     auto* matrix = new Cuematrix(&scene, 4, nullptr);
     matrix->setSequence(sequence);
     const SequenceRecord& record = session.record()->sequences[11 * 12 + 11];
-    const int before = record.stepCount;
     const QList<int> memories{4, 7, 9};
     for (int memory : memories) {
         PopupAnswerer popup(QStringLiteral("Insert step"));
@@ -360,18 +450,37 @@ void TestCuelist::stepsInsertedThroughTheMenuReachTheEngine()
                 ->setCurrentIndex(memory);
             ModalAnswerer::click(QStringLiteral("insertButton"))(dialog);
         }});
-        rightClick(scene, cellCentre(*matrix, matrix->stepCount()));
+        rightClick(scene, matrix->cellRect(matrix->stepCount()).center());
         QVERIFY(session.step());
         QCOMPARE(answerer.seen, QStringList{"Insert sequence step: "});
     }
-    QCOMPARE(int(record.stepCount), before + 3);
+    QCOMPARE(int(record.stepCount), 3);
     for (int i = 0; i < 3; ++i) {
-        const StepRecord& step = record.steps[before + i];
-        QCOMPARE(step.contentType, ConsoleCache::StepMemory);
-        QCOMPARE(int(step.contentIndex), memories[i]);
-        QCOMPARE(int(step.cueNumber), (before + i + 1) * 10);
+        QCOMPARE(record.steps[i].contentType, ConsoleCache::StepMemory);
+        QCOMPARE(int(record.steps[i].contentIndex), memories[i]);
+        QCOMPARE(int(record.steps[i].cueNumber), (i + 1) * 10);
     }
     ConsoleLink::setConsole(nullptr);
+}
+
+void TestCuelist::panelRecordsIntoTheSequenceItsFlashKeyPicked()
+{
+    console.reset();
+    EngineSession session(QStringLiteral("glowEngine"), 0); // Alder: sequences on faders 13-24
+    session.engine()->newShow();
+    const SequenceRecord& record = session.record()->sequences[3];
+    session.tap(63);   // memories mode
+    session.press(74); // "Rec Seq"
+    for (int flashKey : {15, 2, 5})
+        session.tap(flashKey);
+    session.release(74);
+    session.tap(6); // plays memory 7, records nothing
+    QVERIFY(session.step());
+    QCOMPARE(int(record.stepCount), 2);
+    QCOMPARE(record.steps[0].contentType, ConsoleCache::StepMemory);
+    QCOMPARE(int(record.steps[0].contentIndex), 2);
+    QCOMPARE(int(record.steps[1].contentIndex), 5);
+    QCOMPARE(int(record.steps[1].cueNumber), 20);
 }
 
 int main(int argc, char** argv)
