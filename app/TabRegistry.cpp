@@ -2,6 +2,7 @@
 #include "TabRegistry.h"
 
 #include "MainFrame.h"
+#include "SequencesView.h"
 #include "views/LegendsView.h"
 #include "views/PagesView.h"
 
@@ -20,6 +21,9 @@ const TabRegistry& TabRegistry::standard()
                          [](MainFrame* w, TitleBar* b, bool wide) -> Tab* {
                              return new PagesView(w, b, wide, 1);
                          });
+        table.setFactory(MainFrame::SequencesTab, [](MainFrame* window, TitleBar* bar, bool) {
+            return static_cast<Tab*>(new SequencesView(window, bar));
+        });
         return table;
     }();
     return views;

@@ -31,6 +31,10 @@ constexpr int columnStep = 38;
 constexpr int gridLines = 11;
 constexpr int fadeLeft = 43;
 constexpr int fadeSpan = 379;
+constexpr int panelRows = 5;
+constexpr int firstRateRow = 3; // rate and fade are drawn in their own colour
+constexpr int panelTop = 20;
+constexpr int panelStep = 16;
 
 constexpr QColor gridColour(255, 255, 255, 48);
 constexpr QColor scaleColour(96, 96, 96);
@@ -134,20 +138,33 @@ QRectF Timeline::boundingRect() const
     return QRectF(0, 0, width, baseHeight + 2 * extra);
 }
 
+QPixmap Timeline::drawLayer() const
+{
+    QPixmap pixmap(boundingRect().size().toSize());
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setBrush(QColor(255, 255, 255, 20));
+    painter.setPen(QPen(QColor(255, 255, 255, 64), 1.7));
+    painter.drawRoundedRect(boundingRect().adjusted(1.5, 1.5, -1.5, -1.5), 5, 5);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setBrush(Qt::NoBrush);
+    painter.translate(0, extra);
+    paintGrid(&painter);
+    paintScale(&painter);
+    paintPanelLabels(&painter);
+    return pixmap;
+}
+
 void Timeline::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
+    if (layer.isNull())
+        layer = drawLayer();
     const Reading reading = read();
     painter->save();
-    painter->setRenderHint(QPainter::Antialiasing, true);
-    painter->setBrush(QColor(255, 255, 255, 20));
-    painter->setPen(QPen(QColor(255, 255, 255, 64), 1.7));
-    painter->drawRoundedRect(boundingRect().adjusted(1.5, 1.5, -1.5, -1.5), 5, 5);
-    painter->setRenderHint(QPainter::Antialiasing, false);
-    painter->setBrush(Qt::NoBrush);
+    painter->drawPixmap(0, 0, layer);
     painter->translate(0, extra);
-    paintGrid(painter);
-    paintScale(painter);
-    paintTextPanel(painter, reading);
+    paintPanelValues(painter, reading);
     paintFade(painter, reading);
     painter->restore();
 }
@@ -176,22 +193,40 @@ void Timeline::paintScale(QPainter* painter) const
     centred(412, 431, tr("End"));
 }
 
-void Timeline::paintTextPanel(QPainter* painter, const Reading& reading) const
+void Timeline::paintPanelLabels(QPainter* painter) const
 {
     painter->setFont(font(10));
     painter->setPen(Qt::white);
     painter->drawText(QRectF(415, -2, 160, 20), Qt::AlignCenter,
                       tr("Remaining time") + QLatin1Char(':'));
-    const auto row = [painter](int y, const QString& label, const QString& value) {
-        painter->drawText(QRectF(415, y, 80, 16), Qt::AlignRight, label + QLatin1Char(':'));
-        painter->drawText(QRectF(495, y, 40, 15), Qt::AlignRight, value);
-    };
-    row(20, tr("UP"), ConsoleCache::timeText(reading.remainingUp));
-    row(36, tr("DOWN"), ConsoleCache::timeText(reading.remainingDown));
-    row(52, tr("WAIT"), ConsoleCache::timeText(reading.remainingWait));
-    painter->setPen(rateColour);
-    row(68, tr("RATE"), QString::number(reading.ratePercent) + QLatin1Char('%'));
-    row(84, tr("FADE"), QString::number(reading.fadePercent) + QLatin1Char('%'));
+    const QString labels[] = {tr("UP"), tr("DOWN"), tr("WAIT"), tr("RATE"), tr("FADE")};
+    for (int i = 0; i < panelRows; ++i) {
+        if (i == firstRateRow)
+            painter->setPen(rateColour);
+        painter->drawText(QRectF(415, panelTop + panelStep * i, 80, 16), Qt::AlignRight,
+                          labels[i] + QLatin1Char(':'));
+    }
+}
+
+void Timeline::paintPanelValues(QPainter* painter, const Reading& reading) const
+{
+    painter->setFont(font(10));
+    painter->setPen(Qt::white);
+    const QStringList values = panelValues(reading);
+    for (int i = 0; i < panelRows; ++i) {
+        if (i == firstRateRow)
+            painter->setPen(rateColour);
+        painter->drawText(QRectF(495, panelTop + panelStep * i, 40, 15), Qt::AlignRight, values[i]);
+    }
+}
+
+QStringList Timeline::panelValues(const Reading& reading)
+{
+    return {ConsoleCache::timeText(reading.remainingUp),
+            ConsoleCache::timeText(reading.remainingDown),
+            ConsoleCache::timeText(reading.remainingWait),
+            QString::number(reading.ratePercent) + QLatin1Char('%'),
+            QString::number(reading.fadePercent) + QLatin1Char('%')};
 }
 
 void Timeline::paintFade(QPainter* painter, const Reading& reading) const

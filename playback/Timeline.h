@@ -5,7 +5,9 @@
 
 #include <QGraphicsItem>
 #include <QObject>
+#include <QPixmap>
 #include <QString>
+#include <QStringList>
 
 class ConsoleButton;
 
@@ -51,6 +53,8 @@ public:
 
     // The playback state as the next paint will draw it.
     Reading read() const;
+    // The values of the text panel's rows: up, down, wait, rate, fade.
+    static QStringList panelValues(const Reading& reading);
     // Grid x of a fraction of the fade.
     static int fractionX(double fraction);
 
@@ -61,13 +65,17 @@ public slots:
     void consoleCachePlaybackUpdated();
 
 private:
+    // Frame, grid, scale and panel labels never change: drawn once.
+    QPixmap drawLayer() const;
     void paintGrid(QPainter* painter) const;
     void paintScale(QPainter* painter) const;
-    void paintTextPanel(QPainter* painter, const Reading& reading) const;
+    void paintPanelLabels(QPainter* painter) const;
+    void paintPanelValues(QPainter* painter, const Reading& reading) const;
     void paintFade(QPainter* painter, const Reading& reading) const;
 
     Console::Sequence shown;
     qreal extra;
     ConsoleButton* go = nullptr;
     ConsoleButton* pause = nullptr;
+    QPixmap layer;
 };

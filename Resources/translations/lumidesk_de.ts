@@ -375,6 +375,80 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     </message>
 </context>
 <context>
+    <name>SequencesView</name>
+    <message>
+        <source>Seq/Stack edit</source>
+        <translation>Seq/Stack bearbeiten</translation>
+    </message>
+    <message>
+        <source>stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>seq</source>
+        <translation>Seq</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Sequenz</translation>
+    </message>
+    <message>
+        <source>Stack/Seq Edit</source>
+        <translation>Stack/Seq bearbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>Timeline</name>
+    <message>
+        <source>&gt;</source>
+        <translation>&gt;</translation>
+    </message>
+    <message>
+        <source>||</source>
+        <translation>||</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Remaining time</source>
+        <translation>Restzeit</translation>
+    </message>
+    <message>
+        <source>UP</source>
+        <translation>AUF</translation>
+    </message>
+    <message>
+        <source>DOWN</source>
+        <translation>AB</translation>
+    </message>
+    <message>
+        <source>WAIT</source>
+        <translation>WARTEN</translation>
+    </message>
+    <message>
+        <source>RATE</source>
+        <translation>TEMPO</translation>
+    </message>
+    <message>
+        <source>FADE</source>
+        <translation>FADE</translation>
+    </message>
+</context>
+<context>
     <name>TitleBar</name>
     <message>
         <source>Change language</source>

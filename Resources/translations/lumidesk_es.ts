@@ -375,6 +375,80 @@ Actualice uno o ambos lados a versiones que coincidan.</translation>
     </message>
 </context>
 <context>
+    <name>SequencesView</name>
+    <message>
+        <source>Seq/Stack edit</source>
+        <translation>Editar Sec/Stack</translation>
+    </message>
+    <message>
+        <source>stack</source>
+        <translation>stack</translation>
+    </message>
+    <message>
+        <source>seq</source>
+        <translation>sec</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Página</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Secuencia</translation>
+    </message>
+    <message>
+        <source>Stack/Seq Edit</source>
+        <translation>Editar Stack/Sec</translation>
+    </message>
+</context>
+<context>
+    <name>Timeline</name>
+    <message>
+        <source>&gt;</source>
+        <translation>&gt;</translation>
+    </message>
+    <message>
+        <source>||</source>
+        <translation>||</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Inicio</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>Remaining time</source>
+        <translation>Tiempo restante</translation>
+    </message>
+    <message>
+        <source>UP</source>
+        <translation>SUBIDA</translation>
+    </message>
+    <message>
+        <source>DOWN</source>
+        <translation>BAJADA</translation>
+    </message>
+    <message>
+        <source>WAIT</source>
+        <translation>ESPERA</translation>
+    </message>
+    <message>
+        <source>RATE</source>
+        <translation>VELOC.</translation>
+    </message>
+    <message>
+        <source>FADE</source>
+        <translation>FUNDIDO</translation>
+    </message>
+</context>
+<context>
     <name>TitleBar</name>
     <message>
         <source>Change language</source>

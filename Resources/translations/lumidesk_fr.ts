@@ -375,6 +375,80 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     </message>
 </context>
 <context>
+    <name>SequencesView</name>
+    <message>
+        <source>Seq/Stack edit</source>
+        <translation>Édition Séq/Stack</translation>
+    </message>
+    <message>
+        <source>stack</source>
+        <translation>stack</translation>
+    </message>
+    <message>
+        <source>seq</source>
+        <translation>séq</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Page</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Séquence</translation>
+    </message>
+    <message>
+        <source>Stack/Seq Edit</source>
+        <translation>Édition Stack/Séq</translation>
+    </message>
+</context>
+<context>
+    <name>Timeline</name>
+    <message>
+        <source>&gt;</source>
+        <translation>&gt;</translation>
+    </message>
+    <message>
+        <source>||</source>
+        <translation>||</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Début</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>Remaining time</source>
+        <translation>Temps restant</translation>
+    </message>
+    <message>
+        <source>UP</source>
+        <translation>MONTÉE</translation>
+    </message>
+    <message>
+        <source>DOWN</source>
+        <translation>DESCENTE</translation>
+    </message>
+    <message>
+        <source>WAIT</source>
+        <translation>ATTENTE</translation>
+    </message>
+    <message>
+        <source>RATE</source>
+        <translation>VITESSE</translation>
+    </message>
+    <message>
+        <source>FADE</source>
+        <translation>FONDU</translation>
+    </message>
+</context>
+<context>
     <name>TitleBar</name>
     <message>
         <source>Change language</source>

@@ -375,6 +375,80 @@ Aggiornare uno o entrambi i lati a versioni corrispondenti.</translation>
     </message>
 </context>
 <context>
+    <name>SequencesView</name>
+    <message>
+        <source>Seq/Stack edit</source>
+        <translation>Modifica Seq/Stack</translation>
+    </message>
+    <message>
+        <source>stack</source>
+        <translation>stack</translation>
+    </message>
+    <message>
+        <source>seq</source>
+        <translation>seq</translation>
+    </message>
+    <message>
+        <source>Stack</source>
+        <translation>Stack</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Pagina</translation>
+    </message>
+    <message>
+        <source>Sequence</source>
+        <translation>Sequenza</translation>
+    </message>
+    <message>
+        <source>Stack/Seq Edit</source>
+        <translation>Modifica Stack/Seq</translation>
+    </message>
+</context>
+<context>
+    <name>Timeline</name>
+    <message>
+        <source>&gt;</source>
+        <translation>&gt;</translation>
+    </message>
+    <message>
+        <source>||</source>
+        <translation>||</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Inizio</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fine</translation>
+    </message>
+    <message>
+        <source>Remaining time</source>
+        <translation>Tempo residuo</translation>
+    </message>
+    <message>
+        <source>UP</source>
+        <translation>SALITA</translation>
+    </message>
+    <message>
+        <source>DOWN</source>
+        <translation>DISCESA</translation>
+    </message>
+    <message>
+        <source>WAIT</source>
+        <translation>ATTESA</translation>
+    </message>
+    <message>
+        <source>RATE</source>
+        <translation>VELOCITÀ</translation>
+    </message>
+    <message>
+        <source>FADE</source>
+        <translation>DISSOLV.</translation>
+    </message>
+</context>
+<context>
     <name>TitleBar</name>
     <message>
         <source>Change language</source>
