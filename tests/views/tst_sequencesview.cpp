@@ -126,7 +126,9 @@ void TestSequencesView::sequenceIsChosen()
     PanelConsole console(ConsoleCache::ModelAlder);
     console.nameEverything();
     MainFrame window;
-    auto* view = dynamic_cast<SequencesView*>(window.tabStrip()->tab(0));
+    window.tabStrip()->setCurrentTab(window.tabIndexOfKind(MainFrame::SequencesTab));
+    auto* view = dynamic_cast<SequencesView*>(
+        window.tabStrip()->tab(window.tabIndexOfKind(MainFrame::SequencesTab)));
     QVERIFY(view && view->feature());
     view->setSequence(Console::Sequence(1, 1));
     const QStringList numbers = QString::fromLatin1(c.argument).split(QLatin1Char('/'));
