@@ -159,6 +159,8 @@ LegendsView::LegendsView(MainFrame* window, TitleBar* bar, bool /*wide*/)
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
+    // The tiled grain under the whole tab is drawn once, not on every repaint.
+    setCacheMode(QGraphicsView::CacheBackground);
 
     const Layout place = layout(consoleType);
     buildChannelTable(place);
