@@ -4,6 +4,7 @@
 #include "Console.h"
 #include "FrontPanel.h"
 #include "FrontPanelHandler.h"
+#include "ShowItemRequests.h"
 #include "TabRegistry.h"
 #include "TabStrip.h"
 #include "TitleBar.h"
@@ -23,7 +24,7 @@ class Tab;
 // model, follows the console's requests to show a view, shows a wait cursor
 // while the console is busy, checks the console's version and mode, and asks
 // whether to save before it closes.
-class MainFrame : public QWidget, public FrontPanelHandler
+class MainFrame : public QWidget, public FrontPanelHandler, public ShowItemRequests
 {
     Q_OBJECT
 
@@ -78,9 +79,8 @@ public:
 
     int tabIndexOfKind(int kind) const;
     int tabKind(int index) const;
-    void showSequence(Console::Sequence sequence);
-    // Invokable by name for items below the application layer.
-    Q_INVOKABLE void showMemory(int page, int memory);
+    void showSequence(Console::Sequence sequence) override;
+    void showMemory(int page, int memory) override;
     bool isBusy() const { return busy; }
 
 public slots:

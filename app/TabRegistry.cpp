@@ -7,9 +7,11 @@
 #include "DMXView.h"
 #include "EffectsView.h"
 #include "GroupsView.h"
+#include "LegendsView.h"
 #include "MainFrame.h"
 #include "MemoriesView.h"
 #include "OutputView.h"
+#include "PagesView.h"
 #include "PalettesView.h"
 #include "PatchView.h"
 #include "SequencesView.h"
@@ -43,10 +45,13 @@ const TabRegistry& TabRegistry::standard()
         table.setFactory(MainFrame::DmxTab, viewFactory<DMXView>());
         table.setFactory(MainFrame::EffectsTab, viewFactory<EffectsView>());
         table.setFactory(MainFrame::GroupsTab, viewFactory<GroupsView>());
+        table.setFactory(MainFrame::LegendsTab, viewFactory<LegendsView>());
         table.setFactory(MainFrame::MemoriesTab, viewFactory<MemoriesView>());
         table.setFactory(MainFrame::OutputTab, viewFactory<OutputView>());
         table.setFactory(MainFrame::PalettesTab, viewFactory<PalettesView>());
+        table.setFactory(MainFrame::PagesTab, viewFactory<PagesView>(0));
         table.setFactory(MainFrame::PatchTab, viewFactory<PatchView>());
+        table.setFactory(MainFrame::SecondPagesTab, viewFactory<PagesView>(1));
         table.setFactory(MainFrame::SequencesTab, viewFactory<SequencesView>());
         table.setFactory(MainFrame::SystemTab, viewFactory<SystemView>());
         return table;

@@ -149,8 +149,14 @@ void ConsoleSimulation::selectPage(int page)
 {
     if (page < 0 || page >= profile_.pageCount)
         return;
+    const int previous = record_->memoryPage;
     record_->memoryPage = page;
     markStatusChanged();
+    // Page rows mark the current page: both rows change their look.
+    if (previous != page) {
+        notifier_.send(ConsoleCode::PageChanged, previous);
+        notifier_.send(ConsoleCode::PageChanged, page);
+    }
 }
 
 void ConsoleSimulation::stepPage(int direction)

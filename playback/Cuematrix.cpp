@@ -7,6 +7,7 @@
 #include "MoveSequenceStepDialog.h"
 #include "ScrollBar.h"
 #include "SequenceSteps.h"
+#include "ShowItemRequests.h"
 #include "WholePixel.h"
 
 #include <QApplication>
@@ -441,9 +442,8 @@ void Cuematrix::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
     } else if (record->contentType != ConsoleCache::StepDirectCue) {
         return;
     }
-    if (!QMetaObject::invokeMethod(mainWindow, "showMemory", Qt::DirectConnection, Q_ARG(int, page),
-                                   Q_ARG(int, memory)))
-        qWarning("Cuematrix: the main window cannot show memory %d/%d", page, memory);
+    if (ShowItemRequests* requests = ShowItemRequests::of(mainWindow))
+        requests->showMemory(page, memory);
 }
 
 void Cuematrix::scrollHoverTimerTimeout()

@@ -33,8 +33,8 @@ public:
     // Mime text a step drag carries.
     static const QString dragText;
 
-    // mainWindow: where dialogs open and whose showMemory(int, int) a
-    // double-click on a memory step calls; may be null.
+    // mainWindow: where dialogs open and whose ShowItemRequests a
+    // double-click on a memory step uses; may be null.
     Cuematrix(QGraphicsScene* scene, int visibleLines, QWidget* mainWindow);
     ~Cuematrix() override;
 

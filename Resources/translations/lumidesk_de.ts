@@ -546,6 +546,33 @@ Effekte</translation>
     </message>
 </context>
 <context>
+    <name>LegendsView</name>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT DEV</translation>
+    </message>
+    <message>
+        <source>Ch %1-%2</source>
+        <translation>Ch %1-%2</translation>
+    </message>
+    <message>
+        <source>IND %1</source>
+        <translation>IND %1</translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation>Wiedergabe</translation>
+    </message>
+</context>
+<context>
     <name>Lumidesk</name>
     <message>
         <source>Connection error</source>
@@ -745,6 +772,21 @@ Bitte bringen Sie eine oder beide Seiten auf eine passende Version.</translation
     <message>
         <source>PAGE</source>
         <translation>SEITE</translation>
+    </message>
+</context>
+<context>
+    <name>PagesView</name>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Pages Hi</source>
+        <translation>Seiten Hi</translation>
+    </message>
+    <message>
+        <source>Pages Lo</source>
+        <translation>Seiten Lo</translation>
     </message>
 </context>
 <context>

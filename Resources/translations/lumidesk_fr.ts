@@ -546,6 +546,33 @@ de couleur</translation>
     </message>
 </context>
 <context>
+    <name>LegendsView</name>
+    <message>
+        <source>INT A</source>
+        <translation>INT A</translation>
+    </message>
+    <message>
+        <source>INT B</source>
+        <translation>INT B</translation>
+    </message>
+    <message>
+        <source>INT DEV</source>
+        <translation>INT DEV</translation>
+    </message>
+    <message>
+        <source>Ch %1-%2</source>
+        <translation>Ch %1-%2</translation>
+    </message>
+    <message>
+        <source>IND %1</source>
+        <translation>IND %1</translation>
+    </message>
+    <message>
+        <source>Playback</source>
+        <translation>Restitution</translation>
+    </message>
+</context>
+<context>
     <name>Lumidesk</name>
     <message>
         <source>Connection error</source>
@@ -745,6 +772,21 @@ Veuillez mettre à jour l'un des côtés ou les deux vers des versions correspon
     <message>
         <source>PAGE</source>
         <translation>PAGE</translation>
+    </message>
+</context>
+<context>
+    <name>PagesView</name>
+    <message>
+        <source>Pages</source>
+        <translation>Pages</translation>
+    </message>
+    <message>
+        <source>Pages Hi</source>
+        <translation>Pages Hi</translation>
+    </message>
+    <message>
+        <source>Pages Lo</source>
+        <translation>Pages Lo</translation>
     </message>
 </context>
 <context>
