@@ -11,6 +11,7 @@
 #include "InsertSequenceStepDialog.h"
 #include "Lumidesk.h"
 #include "MoveSequenceStepDialog.h"
+#include "ShowItemRequests.h"
 
 #include <QComboBox>
 #include <QGraphicsSceneDragDropEvent>
@@ -111,14 +112,14 @@ bool dragAndDrop(QGraphicsScene& scene, QPointF at, const QString& text)
 } // namespace
 
 // Stands in for the main window a double-click asks to show a memory.
-class MemoryOpener : public QWidget
+class MemoryOpener : public QWidget, public ShowItemRequests
 {
-    Q_OBJECT
 public:
-    Q_INVOKABLE void showMemory(int page, int memory)
+    void showMemory(int page, int memory) override
     {
         opened = QStringLiteral("%1/%2").arg(page).arg(memory);
     }
+    void showSequence(Console::Sequence) override {}
     QString opened;
 };
 
