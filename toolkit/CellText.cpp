@@ -15,14 +15,15 @@ namespace {
 constexpr int margin = 2;
 
 // Level texts come from a small set ("0" to "99", "F"), but every cell that
-// shows a changing level would lay out and rasterise each new one again. The
-// GUI thread keeps one layout and one rendering per text, font, colour and
-// sub-pixel placement for all cells; the sets are bounded by clearing them.
+// shows a changing level would measure and rasterise each new one again. The
+// GUI thread keeps one set of metrics and one rendering per text, font, colour
+// and sub-pixel placement for all cells; the sets are bounded by clearing
+// them. Glyph layouts are not shared: they hold on to font engines, which a
+// change of the application's fonts frees.
 constexpr int cacheLimit = 4096;
 
 struct SharedLayout
 {
-    QStaticText layout;
     qreal advance = 0;
     qreal lineHeight = 0;
     QRectF ink;
@@ -94,23 +95,31 @@ void CellText::layOut(const QString& text, const QFont& font)
     m_text = text;
     m_font = font;
     m_laidOut = true;
+    m_prepared = false;
     m_rendering = QPixmap();
     const LayoutKey key{text, font};
     if (const SharedLayout* shared = cached(sharedLayouts(), key)) {
-        m_layout = shared->layout;
         m_advance = shared->advance;
         m_lineHeight = shared->lineHeight;
         m_ink = shared->ink;
         return;
     }
-    m_layout.setText(text);
-    m_layout.setTextFormat(Qt::PlainText);
-    m_layout.prepare(QTransform(), font);
     const QFontMetricsF metrics(font);
     m_advance = metrics.horizontalAdvance(text);
     m_lineHeight = metrics.height();
     m_ink = metrics.tightBoundingRect(text).translated(0, metrics.ascent()).adjusted(-1, -1, 1, 1);
-    keep(sharedLayouts(), key, SharedLayout{m_layout, m_advance, m_lineHeight, m_ink});
+    keep(sharedLayouts(), key, SharedLayout{m_advance, m_lineHeight, m_ink});
+}
+
+const QStaticText& CellText::glyphs()
+{
+    if (!m_prepared) {
+        m_layout.setText(m_text);
+        m_layout.setTextFormat(Qt::PlainText);
+        m_layout.prepare(QTransform(), m_font);
+        m_prepared = true;
+    }
+    return m_layout;
 }
 
 void CellText::render(const QPointF& fraction, const QColor& colour)
@@ -132,7 +141,7 @@ void CellText::render(const QPointF& fraction, const QColor& colour)
     QPainter painter(&m_rendering);
     painter.setFont(m_font);
     painter.setPen(colour);
-    painter.drawStaticText(QPointF(margin, margin) + fraction, m_layout);
+    painter.drawStaticText(QPointF(margin, margin) + fraction, glyphs());
     painter.end();
     keep(sharedRenderings(), key, m_rendering);
 }
@@ -175,7 +184,7 @@ void CellText::drawAt(QPainter* painter, const QPointF& at, const QFont& font, c
         !qFuzzyCompare(painter->opacity(), 1.0)) {
         painter->setFont(font);
         painter->setPen(colour);
-        painter->drawStaticText(at, m_layout);
+        painter->drawStaticText(at, glyphs());
         return;
     }
     const QPointF whole(std::floor(at.x()), std::floor(at.y()));

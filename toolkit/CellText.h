@@ -27,6 +27,8 @@ private:
     void layOut(const QString& text, const QFont& font);
     void render(const QPointF& fraction, const QColor& colour);
     void drawAt(QPainter* painter, const QPointF& at, const QFont& font, const QColor& colour);
+    // The glyph layout, made only when glyphs are drawn rather than copied.
+    const QStaticText& glyphs();
 
     QString m_text;
     QFont m_font;
@@ -36,6 +38,7 @@ private:
     // The glyphs' ink around the line's top-left, a pixel larger for antialiasing.
     QRectF m_ink;
     bool m_laidOut = false;
+    bool m_prepared = false;
 
     QPixmap m_rendering;
     QColor m_renderedColour;
