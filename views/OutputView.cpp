@@ -8,6 +8,7 @@
 #include "MakeFont.h"
 #include "NumberCell.h"
 #include "NumberRow.h"
+#include "StoredValueText.h"
 #include "TitleBar.h"
 
 #include <QGraphicsSceneContextMenuEvent>
@@ -111,10 +112,7 @@ QString OutputView::ParameterCell::text() const
     if (data->hasPaletteReference(address))
         return paletteReference(group(), data->paletteReference(address));
     int value = data->outputLevel(address);
-    const int inversionBit = 1 << (parameter() + 1);
-    if (isColourMix(parameter()) &&
-        data->deviceColourModel(m_device) == DeviceRecord::subtractiveModel &&
-        (data->record()->devices[m_device].notInvertedMask & inversionBit))
+    if (StoredValueText::readsInverted(*data, m_device, parameter()))
         value = 255 - value;
     return ConsoleCache::formatLevel(value, true);
 }
