@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QWidget>
+
 class QRect;
 class QString;
-class QWidget;
 
 // What the tab strip needs from an editor view.
 class Tab
@@ -14,9 +15,16 @@ public:
     // Shows the view and sets up the title bar's view buttons for it.
     virtual void activate() = 0;
     // The small widget the strip shows at its left while this tab is current;
-    // may return null.
-    virtual QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) = 0;
-    virtual void deactivate() = 0;
+    // null for none.
+    virtual QWidget* createFeatureWidget(QWidget* /*parent*/, const QRect& /*geometry*/)
+    {
+        return nullptr;
+    }
+    virtual void deactivate()
+    {
+        if (QWidget* view = widget())
+            view->hide();
+    }
 
 protected:
     ~Tab() = default;

@@ -272,6 +272,13 @@ void TitleBar::setIfcbFxTimeButtonsVisible(bool visible)
     timeButton.setVisible(visible);
 }
 
+void TitleBar::hideViewButtons()
+{
+    setSmMsButtonsVisible(false);
+    setIfcbFxTimeButtonsVisible(false);
+    setLineButtonRange(-1, -1);
+}
+
 void TitleBar::setLineButtonRange(int min, int max)
 {
     Button* const buttons[] = {&noLinesButton, &oneLineButton, &twoLinesButton, &threeLinesButton};

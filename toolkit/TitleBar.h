@@ -102,6 +102,8 @@ public:
     void setIfcbFxTimeButtonsVisible(bool visible);
     // The button for n lines shows when min <= n <= max; (-1, -1) hides all.
     void setLineButtonRange(int min, int max);
+    // For views that use none of the SM/MS, IFCB Fx/Time and line buttons.
+    void hideViewButtons();
 
     void buttonClicked(Button* button) override;
 

@@ -173,21 +173,8 @@ QString DMXView::title()
 void DMXView::activate()
 {
     show();
-    if (!m_bar)
-        return;
-    m_bar->setSmMsButtonsVisible(false);
-    m_bar->setIfcbFxTimeButtonsVisible(false);
-    m_bar->setLineButtonRange(-1, -1);
-}
-
-QWidget* DMXView::createFeatureWidget(QWidget*, const QRect&)
-{
-    return nullptr;
-}
-
-void DMXView::deactivate()
-{
-    hide();
+    if (m_bar)
+        m_bar->hideViewButtons();
 }
 
 void DMXView::consoleCacheOutputsUpdated()

@@ -66,8 +66,6 @@ public:
     QWidget* widget() override { return this; }
     QString title() override;
     void activate() override;
-    QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
     UniverseBlock* block(int index) const { return m_blocks[std::size_t(index)]; }
 

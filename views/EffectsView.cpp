@@ -300,21 +300,8 @@ QString EffectsView::title()
 void EffectsView::activate()
 {
     show();
-    if (m_bar) {
-        m_bar->setSmMsButtonsVisible(false);
-        m_bar->setIfcbFxTimeButtonsVisible(false);
-        m_bar->setLineButtonRange(-1, -1);
-    }
-}
-
-QWidget* EffectsView::createFeatureWidget(QWidget*, const QRect&)
-{
-    return nullptr;
-}
-
-void EffectsView::deactivate()
-{
-    hide();
+    if (m_bar)
+        m_bar->hideViewButtons();
 }
 
 QString EffectsView::patternName(int family, int pattern)

@@ -130,8 +130,6 @@ public:
     QWidget* widget() override { return this; }
     QString title() override;
     void activate() override;
-    QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
     // Pattern names of a family in number order; number 11 has none.
     static QString patternName(int family, int pattern);

@@ -250,16 +250,6 @@ void GroupsView::activate()
     }
 }
 
-QWidget* GroupsView::createFeatureWidget(QWidget*, const QRect&)
-{
-    return nullptr;
-}
-
-void GroupsView::deactivate()
-{
-    hide();
-}
-
 void GroupsView::setLineCount(int lines)
 {
     m_lineCount = std::clamp(lines, 1, 3);

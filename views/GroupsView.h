@@ -116,8 +116,6 @@ public:
     QWidget* widget() override { return this; }
     QString title() override;
     void activate() override;
-    QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
     // TitleBarHandler
     void setLineCount(int lines) override;

@@ -258,19 +258,12 @@ void LegendsView::activate()
 {
     show();
     bar->setTitleBarHandler(this);
-    bar->setSmMsButtonsVisible(false);
-    bar->setIfcbFxTimeButtonsVisible(false);
-    bar->setLineButtonRange(-1, -1);
+    bar->hideViewButtons();
 }
 
 QWidget* LegendsView::createFeatureWidget(QWidget* parent, const QRect& geometry)
 {
     return titleLabel(parent, geometry, title());
-}
-
-void LegendsView::deactivate()
-{
-    hide();
 }
 
 void LegendsView::repaintChannels(bool all)

@@ -72,7 +72,6 @@ public:
     QString title() override;
     void activate() override;
     QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
     const QList<ChannelCell*>& channelCells() const { return channels; }
     const QList<IndependentCell*>& independentCells() const { return independents; }

@@ -334,11 +334,8 @@ QString MemoriesView::title()
 void MemoriesView::activate()
 {
     show();
-    if (m_bar) {
-        m_bar->setSmMsButtonsVisible(false);
-        m_bar->setIfcbFxTimeButtonsVisible(false);
-        m_bar->setLineButtonRange(-1, -1);
-    }
+    if (m_bar)
+        m_bar->hideViewButtons();
 }
 
 QWidget* MemoriesView::createFeatureWidget(QWidget* parent, const QRect& geometry)
@@ -347,11 +344,6 @@ QWidget* MemoriesView::createFeatureWidget(QWidget* parent, const QRect& geometr
         new MemoriesViewFeature(parent, this, m_console->consoleType() == ConsoleCache::ModelMaple);
     m_feature->setGeometry(geometry);
     return m_feature;
-}
-
-void MemoriesView::deactivate()
-{
-    hide();
 }
 
 void MemoriesView::showMemory(int page, int memory)

@@ -133,7 +133,6 @@ public:
     QString title() override;
     void activate() override;
     QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
     // ShowItemHandler
     void showMemory(int page, int memory) override;

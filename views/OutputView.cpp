@@ -336,21 +336,8 @@ QString OutputView::title()
 void OutputView::activate()
 {
     show();
-    if (!m_bar)
-        return;
-    m_bar->setSmMsButtonsVisible(false);
-    m_bar->setIfcbFxTimeButtonsVisible(false);
-    m_bar->setLineButtonRange(-1, -1);
-}
-
-QWidget* OutputView::createFeatureWidget(QWidget*, const QRect&)
-{
-    return nullptr;
-}
-
-void OutputView::deactivate()
-{
-    hide();
+    if (m_bar)
+        m_bar->hideViewButtons();
 }
 
 void OutputView::buildChannelPart()

@@ -141,8 +141,6 @@ public:
     QWidget* widget() override { return this; }
     QString title() override;
     void activate() override;
-    QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
     QGraphicsView* channelView() { return &m_channelView; }
     QGraphicsView* deviceView() { return &m_deviceView; }

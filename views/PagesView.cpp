@@ -62,11 +62,6 @@ QWidget* PagesView::createFeatureWidget(QWidget* parent, const QRect& geometry)
     return label;
 }
 
-void PagesView::deactivate()
-{
-    hide();
-}
-
 void PagesView::setMsMode(bool ms)
 {
     pages->setMsMode(ms);

@@ -218,11 +218,8 @@ QString PalettesView::title()
 void PalettesView::activate()
 {
     show();
-    if (m_bar) {
-        m_bar->setSmMsButtonsVisible(false);
-        m_bar->setIfcbFxTimeButtonsVisible(false);
-        m_bar->setLineButtonRange(-1, -1);
-    }
+    if (m_bar)
+        m_bar->hideViewButtons();
 }
 
 QWidget* PalettesView::createFeatureWidget(QWidget* parent, const QRect& geometry)
@@ -230,11 +227,6 @@ QWidget* PalettesView::createFeatureWidget(QWidget* parent, const QRect& geometr
     m_feature = new PalettesViewFeature(parent, this);
     m_feature->setGeometry(geometry);
     return m_feature;
-}
-
-void PalettesView::deactivate()
-{
-    hide();
 }
 
 void PalettesView::selectPalette(int palette)

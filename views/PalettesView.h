@@ -100,7 +100,6 @@ public:
     QString title() override;
     void activate() override;
     QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
     int currentPalette() const { return m_currentPalette; }
     void selectPalette(int palette);

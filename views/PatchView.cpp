@@ -114,21 +114,8 @@ QString PatchView::title()
 void PatchView::activate()
 {
     show();
-    if (!m_bar)
-        return;
-    m_bar->setSmMsButtonsVisible(false);
-    m_bar->setIfcbFxTimeButtonsVisible(false);
-    m_bar->setLineButtonRange(-1, -1);
-}
-
-QWidget* PatchView::createFeatureWidget(QWidget*, const QRect&)
-{
-    return nullptr;
-}
-
-void PatchView::deactivate()
-{
-    hide();
+    if (m_bar)
+        m_bar->hideViewButtons();
 }
 
 // Scene --------------------------------------------------------------------------

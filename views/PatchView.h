@@ -74,8 +74,6 @@ public:
     QWidget* widget() override { return this; }
     QString title() override;
     void activate() override;
-    QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
     ConsoleCache* cache() const;
     QGraphicsScene* patchScene() const { return m_scene; }

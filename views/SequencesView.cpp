@@ -186,11 +186,6 @@ QWidget* SequencesView::createFeatureWidget(QWidget* parent, const QRect& geomet
     return featureWidget;
 }
 
-void SequencesView::deactivate()
-{
-    hide();
-}
-
 void SequencesView::setMsMode(bool ms)
 {
     pages->setMsMode(ms);

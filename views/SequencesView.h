@@ -68,7 +68,6 @@ public:
     QString title() override;
     void activate() override;
     QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
     void setMsMode(bool ms) override;
     void setLineCount(int lines) override;

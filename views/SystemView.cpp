@@ -258,11 +258,8 @@ QString SystemView::title()
 void SystemView::activate()
 {
     show();
-    if (m_titleBar) {
-        m_titleBar->setSmMsButtonsVisible(false);
-        m_titleBar->setIfcbFxTimeButtonsVisible(false);
-        m_titleBar->setLineButtonRange(-1, -1);
-    }
+    if (m_titleBar)
+        m_titleBar->hideViewButtons();
 }
 
 QWidget* SystemView::createFeatureWidget(QWidget* parent, const QRect& geometry)
@@ -277,11 +274,6 @@ QWidget* SystemView::createFeatureWidget(QWidget* parent, const QRect& geometry)
     palette.setColor(QPalette::WindowText, Qt::black);
     label->setPalette(palette);
     return label;
-}
-
-void SystemView::deactivate()
-{
-    hide();
 }
 
 void SystemView::consoleCacheSystemSettingsUpdated()

@@ -73,7 +73,6 @@ public:
     QString title() override;
     void activate() override;
     QWidget* createFeatureWidget(QWidget* parent, const QRect& geometry) override;
-    void deactivate() override;
 
 public slots:
     void consoleCacheSystemSettingsUpdated();
