@@ -3,6 +3,7 @@
 
 #include "Console.h"
 #include "ConsoleLink.h"
+#include "EditorViewLook.h"
 #include "MakeFont.h"
 #include "TitleBar.h"
 
@@ -137,10 +138,8 @@ DMXView::DMXView(QWidget* parent, TitleBar* bar)
     : QGraphicsView(parent), m_bar(bar),
       m_maple(ConsoleLink::consoleType() == ConsoleCache::ModelMaple)
 {
-    setFrameShape(QFrame::NoFrame);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    EditorViewLook::apply(this);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
     setViewportUpdateMode(QGraphicsView::MinimalViewportUpdate);
     setScene(&m_scene);
     qreal top = blockTop;

@@ -4,6 +4,7 @@
 #include "Console.h"
 #include "ConsoleCache.h"
 #include "ConsoleStateRecord.h"
+#include "EditorViewLook.h"
 #include "toolkit/ConsoleLink.h"
 #include "toolkit/InPlaceEditableText.h"
 #include "toolkit/MakeFont.h"
@@ -211,9 +212,7 @@ void GroupsView::GroupCell::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* even
 GroupsView::GroupsView(QWidget* parent, TitleBar* bar) : QGraphicsView(parent), m_bar(bar)
 {
     setScene(&m_scene);
-    setFrameShape(QFrame::NoFrame);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    setBackgroundBrush(QBrush(QPixmap(Resources::folder() + QStringLiteral("BrittishGrain.png"))));
+    EditorViewLook::apply(this);
     build();
     if (Console* console = ConsoleLink::console()) {
         connect(console, &Console::playLoaded, this, &GroupsView::consoleCachePlayLoaded,

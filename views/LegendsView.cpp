@@ -6,6 +6,7 @@
 #include "Console.h"
 #include "ConsoleLink.h"
 #include "Cuelist.h"
+#include "EditorViewLook.h"
 #include "FaderBlock.h"
 #include "GMButtonRow.h"
 #include "MakeFont.h"
@@ -154,10 +155,8 @@ LegendsView::LegendsView(QWidget* window, TitleBar* bar, bool /*wide*/)
       consoleType(ConsoleLink::consoleType())
 {
     setScene(&itemScene);
-    setFrameShape(QFrame::NoFrame);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    EditorViewLook::apply(this);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
     // The tiled grain under the whole tab is drawn once, not on every repaint.
     setCacheMode(QGraphicsView::CacheBackground);
 

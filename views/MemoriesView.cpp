@@ -3,6 +3,7 @@
 
 #include "ChannelRow.h"
 #include "ConsoleLink.h"
+#include "EditorViewLook.h"
 #include "GroupColour.h"
 #include "MakeFont.h"
 #include "MemoriesViewFeature.h"
@@ -33,10 +34,8 @@ QString twoDigits(int number)
 
 void setUpView(QGraphicsView& view)
 {
-    view.setFrameShape(QFrame::NoFrame);
-    view.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    EditorViewLook::apply(&view);
     view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view.setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
 }
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "ChannelRow.h"
 #include "Console.h"
 #include "ConsoleLink.h"
+#include "EditorViewLook.h"
 #include "GroupColour.h"
 #include "MakeFont.h"
 #include "NumberCell.h"
@@ -321,10 +322,8 @@ OutputView::~OutputView()
 
 void OutputView::setUpView(QGraphicsView* view)
 {
-    view->setFrameShape(QFrame::NoFrame);
-    view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    EditorViewLook::apply(view);
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view->setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
     view->setViewportUpdateMode(QGraphicsView::MinimalViewportUpdate);
 }
 

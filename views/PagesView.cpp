@@ -2,6 +2,7 @@
 #include "PagesView.h"
 
 #include "ConsoleLink.h"
+#include "EditorViewLook.h"
 #include "MakeFont.h"
 #include "PagesBlock.h"
 #include "ShowItemRequests.h"
@@ -19,10 +20,8 @@ PagesView::PagesView(QWidget* window, TitleBar* bar, bool /*wide*/, int index)
     : QGraphicsView(window), window(window), bar(bar), high(index == 1)
 {
     setScene(&itemScene);
-    setFrameShape(QFrame::NoFrame);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    EditorViewLook::apply(this);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
     pages = new PagesBlock(&itemScene, this, high ? fadersShown : 0, fadersShown, pagesMode, false);
 }
 

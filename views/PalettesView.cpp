@@ -2,6 +2,7 @@
 #include "PalettesView.h"
 
 #include "ConsoleLink.h"
+#include "EditorViewLook.h"
 #include "InPlaceEditableText.h"
 #include "MakeFont.h"
 #include "PalettesViewFeature.h"
@@ -182,10 +183,8 @@ PalettesView::PalettesView(QWidget* parent, Console* console, TitleBar* bar)
     : QGraphicsView(parent), m_console(console), m_bar(bar)
 {
     setScene(&m_scene);
-    setFrameShape(QFrame::NoFrame);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    EditorViewLook::apply(this);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
     rebuild();
     connect(console, &Console::playLoaded, this, &PalettesView::consoleCachePlayLoaded,
             Qt::QueuedConnection);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "PatchView.h"
 
+#include "EditorViewLook.h"
 #include "PatchViewChannelCell.h"
 #include "PatchViewIndependentCell.h"
 #include "PatchViewIndependentOptions.h"
@@ -73,10 +74,8 @@ PatchView::PatchView(Console* console, QWidget* parent, TitleBar* bar)
     : QGraphicsView(parent), m_console(console), m_bar(bar), m_scene(new QGraphicsScene(this))
 {
     setScene(m_scene);
-    setFrameShape(QFrame::NoFrame);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    EditorViewLook::apply(this);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
     if (m_console) {
         connect(m_console, &Console::playLoaded, this, &PatchView::consoleCachePlayLoaded,
                 Qt::QueuedConnection);

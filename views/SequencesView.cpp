@@ -4,6 +4,7 @@
 #include "ConsoleLink.h"
 #include "Cuelist.h"
 #include "Cuematrix.h"
+#include "EditorViewLook.h"
 #include "PagesBlock.h"
 #include "SequencesViewFeature.h"
 #include "Timeline.h"
@@ -37,10 +38,8 @@ QString withName(const QString& title, const QString& name)
 SequencesView::SequencesView(QWidget* parent, TitleBar* bar) : QGraphicsView(parent), bar(bar)
 {
     setScene(&scene);
-    setFrameStyle(QFrame::NoFrame);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    EditorViewLook::apply(this);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
 
     timelineBlock = new Timeline(&scene);
     timelineBlock->setPos(timelinePos);

@@ -5,6 +5,7 @@
 #include "ConsoleCodes.h"
 #include "ConsoleEngine.h"
 #include "ConsoleLink.h"
+#include "EditorViewLook.h"
 #include "InPlaceLineEdit.h"
 #include "MakeFont.h"
 #include "TitleBar.h"
@@ -118,10 +119,8 @@ SystemView::SystemView(QWidget* parent, TitleBar* titleBar, bool /*wide*/)
 {
     setObjectName(QStringLiteral("SystemView"));
     setScene(&m_scene);
-    setFrameShape(QFrame::NoFrame);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    EditorViewLook::apply(this);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setBackgroundBrush(QPixmap(QStringLiteral(":/Lumidesk/Resources/BrittishGrain.png")));
     buildScene();
     if (Console* console = ConsoleLink::console()) {
         connect(console, &Console::systemSettingsUpdated, this,
