@@ -7,6 +7,7 @@
 #include "ConsoleLink.h"
 #include "Cuelist.h"
 #include "EditorViewLook.h"
+#include "FeatureLabel.h"
 #include "FaderBlock.h"
 #include "GMButtonRow.h"
 #include "MakeFont.h"
@@ -36,13 +37,7 @@ const ConsoleStateRecord* recordOf(const Console* console)
 
 QLabel* titleLabel(QWidget* parent, const QRect& geometry, const QString& text)
 {
-    auto* label = new QLabel(text, parent);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, Qt::white);
-    label->setPalette(palette);
-    label->setFont(makeFont(QStringLiteral("Gill Sans MT"), 14));
-    label->setMargin(-3);
-    label->setIndent(3);
+    auto* label = new FeatureLabel(parent, text);
     label->setGeometry(geometry);
     label->show();
     return label;

@@ -16,7 +16,6 @@
 #include <algorithm>
 
 namespace {
-constexpr float labelPoints = 14;
 constexpr float timePoints = 11;
 constexpr int timeLength = 5; // up to "99:59"
 constexpr int clockSize = 12;
@@ -28,10 +27,6 @@ MemoriesViewFeature::MemoriesViewFeature(QWidget* parent, MemoriesView* view, bo
     : QWidget(parent), m_view(view), m_label(this)
 {
     m_label.setTextFormat(Qt::RichText);
-    m_label.setFont(makeFont(QStringLiteral("Gill Sans MT"), labelPoints));
-    m_label.setStyleSheet(QStringLiteral("color: white; background: transparent"));
-    m_label.setMargin(-3);
-    m_label.setIndent(3);
     connect(&m_label, &QLabel::linkActivated, this, &MemoriesViewFeature::linkActivated);
 
     if (withTime) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "FeatureLabel.h"
 #include "InPlaceEditableTextHandler.h"
 
 #include <QLabel>
@@ -47,7 +48,7 @@ private:
 
     // The strip owns the header and may outlive the view.
     QPointer<MemoriesView> m_view;
-    QLabel m_label;
+    FeatureLabel m_label;
     QGraphicsScene* m_timeScene = nullptr;
     QGraphicsView* m_timeView = nullptr;
     InPlaceEditableText* m_timeItem = nullptr;

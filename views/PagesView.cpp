@@ -3,6 +3,7 @@
 
 #include "ConsoleLink.h"
 #include "EditorViewLook.h"
+#include "FeatureLabel.h"
 #include "MakeFont.h"
 #include "PagesBlock.h"
 #include "ShowItemRequests.h"
@@ -49,13 +50,7 @@ void PagesView::activate()
 
 QWidget* PagesView::createFeatureWidget(QWidget* parent, const QRect& geometry)
 {
-    auto* label = new QLabel(title(), parent);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, Qt::white);
-    label->setPalette(palette);
-    label->setFont(makeFont(QStringLiteral("Gill Sans MT"), 14));
-    label->setMargin(-3);
-    label->setIndent(3);
+    auto* label = new FeatureLabel(parent, title());
     label->setGeometry(geometry);
     label->show();
     return label;

@@ -8,13 +8,9 @@
 #include <QMenu>
 
 PalettesViewFeature::PalettesViewFeature(QWidget* parent, PalettesView* view)
-    : QLabel(parent), m_view(view)
+    : FeatureLabel(parent), m_view(view)
 {
     setTextFormat(Qt::RichText);
-    setFont(makeFont(QStringLiteral("Gill Sans MT"), 14));
-    setStyleSheet(QStringLiteral("color: white; background: transparent"));
-    setMargin(-3);
-    setIndent(3);
     connect(this, &QLabel::linkActivated, this, &PalettesViewFeature::linkActivated);
     refresh();
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QLabel>
+#include "FeatureLabel.h"
+
 #include <QPointer>
 #include <QString>
 
@@ -9,7 +10,7 @@ class PalettesView;
 
 // The tab strip's header of the palettes view: the current palette's number
 // as a link that opens the palette menu.
-class PalettesViewFeature : public QLabel
+class PalettesViewFeature : public FeatureLabel
 {
     Q_OBJECT
 

@@ -8,15 +8,8 @@
 #include <QPalette>
 
 SequencesViewFeature::SequencesViewFeature(QWidget* parent, SequencesView* view)
-    : QLabel(parent), view(view)
+    : FeatureLabel(parent), view(view)
 {
-    QPalette colours = palette();
-    for (const auto role : {QPalette::WindowText, QPalette::Link, QPalette::LinkVisited})
-        colours.setColor(QPalette::All, role, Qt::white);
-    setPalette(colours);
-    setFont(makeFont(QStringLiteral("Gill Sans MT"), 14));
-    setMargin(-3);
-    setIndent(3);
     connect(this, &QLabel::linkActivated, this, &SequencesViewFeature::linkActivated);
     show();
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QLabel>
+#include "FeatureLabel.h"
+
 #include <QPointer>
 
 class SequencesView;
@@ -9,7 +10,7 @@ class SequencesView;
 // The tab strip's link to the sequence being edited: clicking it opens the
 // menu of the stack and every sequence. It lives only while its tab is
 // current; the view forgets it when it goes.
-class SequencesViewFeature : public QLabel
+class SequencesViewFeature : public FeatureLabel
 {
     Q_OBJECT
 
