@@ -311,6 +311,8 @@ OutputView::OutputView(QWidget* parent, TitleBar* bar)
             queued);
     connect(m_console, &Console::deviceStatusUpdated, this,
             &OutputView::consoleCacheDeviceStatusUpdated, queued);
+    // A renamed palette renames the group cells that show it.
+    connect(m_console, &Console::paletteUpdated, this, &OutputView::refreshDevicePart, queued);
 }
 
 // The tables belong to the scenes, which go before the views that show them.
