@@ -46,3 +46,6 @@ private:
 // The image sets; each adds its images to the catalogue.
 void addSharedImages(ImageCatalogue& catalogue);
 void addStartupImages(ImageCatalogue& catalogue);
+// The program's icon in the sizes the desktop menus use (hicolor theme).
+constexpr int appIconSizes[] = {16, 24, 32, 48, 64, 128, 256};
+void addAppIcons(ImageCatalogue& catalogue);

@@ -215,3 +215,17 @@ void addStartupImages(ImageCatalogue& c)
     c.add("BrittishGrain.png", QSize(256, 256), Enc::Plain, drawGrain);
     c.add("LumideskLogo.png", QSize(36, 33), Enc::Plain, drawLogo);
 }
+
+void addAppIcons(ImageCatalogue& c)
+{
+    // The logo's tile is drawn for a 33-pixel square: the menu icons scale that
+    // square up rather than drawing a second logo that could drift from it.
+    constexpr double logoSquare = 33;
+    for (const int side : appIconSizes) {
+        c.add(QStringLiteral("icons/lumidesk-%1.png").arg(side), QSize(side, side), Enc::Plain,
+              [](QPainter& p, const QSizeF& s) {
+                  p.scale(s.width() / logoSquare, s.height() / logoSquare);
+                  drawLogo(p, QSizeF(logoSquare, logoSquare));
+              });
+    }
+}

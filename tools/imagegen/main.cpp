@@ -9,6 +9,7 @@
 #include "WindowImages.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QTextStream>
@@ -68,6 +69,7 @@ int main(int argc, char** argv)
     ImageCatalogue catalogue;
     addSharedImages(catalogue);
     addStartupImages(catalogue);
+    addAppIcons(catalogue);
     addWindowImages(catalogue);
     addFrontPanelImages(catalogue);
     addEffectImages(catalogue);
@@ -79,6 +81,7 @@ int main(int argc, char** argv)
             continue;
         const QImage painted = ImageCatalogue::render(entry);
         const QImage stored = ImageCatalogue::encode(painted, entry.encoding);
+        QDir().mkpath(QFileInfo(out.filePath(entry.file)).path());
         if (!stored.save(out.filePath(entry.file), "PNG")) {
             err << "cannot write " << out.filePath(entry.file) << "\n";
             return 1;
