@@ -3,6 +3,7 @@
 # Installs what is missing (Debian packages), builds, then tests or runs.
 #   tools/dev.sh test            build and run every test
 #   tools/dev.sh run [ARGS...]   build and start Lumidesk (e.g. --model maple)
+#   tools/dev.sh package         build the Debian package build/lumidesk_*.deb
 set -eu
 
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -11,7 +12,8 @@ action=${1:-test}
 [ $# -gt 0 ] && shift
 
 packages="cmake ninja-build g++ pkg-config qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
-  qt6-l10n-tools libgl-dev libudev-dev libgcrypt20-dev libbenchmark-dev xvfb xauth"
+  qt6-l10n-tools libgl-dev libudev-dev libgcrypt20-dev libbenchmark-dev xvfb xauth
+  dpkg-dev file desktop-file-utils appstream"
 
 missing=""
 for p in $packages; do
@@ -37,6 +39,8 @@ cmake --build "$build" -j "$jobs"
 case "$action" in
   test)
     ctest --test-dir "$build" --output-on-failure -j "$jobs" ;;
+  package)
+    cmake --build "$build" --target package ;;
   run)
     if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
       echo "No display: DISPLAY and WAYLAND_DISPLAY are not set." >&2
@@ -45,6 +49,6 @@ case "$action" in
     fi
     exec "$build/bin/lumidesk" "$@" ;;
   *)
-    echo "usage: $0 test | run [lumidesk options]" >&2
+    echo "usage: $0 test | package | run [lumidesk options]" >&2
     exit 2 ;;
 esac
