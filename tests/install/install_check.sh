@@ -23,8 +23,8 @@ lib/lumidesk/libglowEngine.so
 lib/lumidesk/libglowproEngine.so
 share/applications/$app.desktop
 share/metainfo/$app.metainfo.xml
-share/man/man1/lumidesk.1
-share/man/man1/citp-peer.1
+share/man/man1/lumidesk.1.gz
+share/man/man1/citp-peer.1.gz
 share/icons/hicolor/16x16/apps/$app.png
 share/icons/hicolor/48x48/apps/$app.png
 share/icons/hicolor/256x256/apps/$app.png
