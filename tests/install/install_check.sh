@@ -55,8 +55,14 @@ fi
 for tool in desktop-file-validate appstreamcli dpkg-deb; do
   command -v $tool >/dev/null || fail "$tool is missing (tools/dev.sh installs it)"
 done
-desktop-file-validate "$root/usr/share/applications/$app.desktop" || fail "desktop file"
-appstreamcli validate --no-net "$root/usr/share/metainfo/$app.metainfo.xml" || fail "metainfo"
+desktop=$root/usr/share/applications/$app.desktop
+desktop-file-validate "$desktop" || fail "desktop file"
+# validate-tree also checks that the metainfo's launchable is installed.
+appstreamcli validate-tree --no-net "$root" || fail "metainfo"
+# The menu entry must start the installed program and show the installed icon.
+exe=$bin/$(sed -n 's/^Exec=\([^ ]*\).*/\1/p' "$desktop")
+[ -f "$exe" ] && [ -x "$exe" ] || fail "Exec names no installed program: $exe"
+[ "$(sed -n 's/^Icon=//p' "$desktop")" = "$app" ] || fail "Icon is not $app"
 
 # The package must hold exactly the installed files and computed Depends.
 cpack --config "$build/CPackConfig.cmake" -B "$scratch/deb" >"$scratch/cpack.log" 2>&1 ||
