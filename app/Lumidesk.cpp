@@ -27,6 +27,7 @@ Lumidesk::Lumidesk(int& argc, char** argv)
     ConsoleLink::setApplication(this);
     setOrganizationName(QStringLiteral("Orvex"));
     setApplicationName(QStringLiteral("Lumidesk"));
+    setDesktopFileName(QStringLiteral(LUMIDESK_APP_ID));
     loadTranslation();
     Console::registerMetaTypes();
     installApplicationFonts();
