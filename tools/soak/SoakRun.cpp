@@ -118,11 +118,15 @@ void SoakRun::churn()
     // One peer in four seconds on average drops, and a dropped one returns.
     if (random_.bounded(4) != 0 || peers_.empty())
         return;
-    CitpPeer& peer = *peers_[random_.bounded(quint32(peers_.size()))];
-    peer.stop();
-    QTimer::singleShot(int(random_.bounded(500, 3000)), &peer, [&peer] {
+    CitpPeer* peer = peers_[random_.bounded(quint32(peers_.size()))].get();
+    if (down_.contains(peer))
+        return;
+    peer->stop();
+    down_.insert(peer);
+    QTimer::singleShot(int(random_.bounded(500, 3000)), peer, [this, peer] {
         QString failure;
-        peer.start(&failure);
+        peer->start(&failure);
+        down_.remove(peer);
     });
 }
 

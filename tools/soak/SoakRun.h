@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -59,6 +60,7 @@ private:
     QTimer reportTimer_;
     QElapsedTimer clock_;
     QRandomGenerator random_;
+    QSet<CitpPeer*> down_;
     qint64 messages_ = 0;
     qint64 lastTicks_ = 0;
     qint64 lastMs_ = 0;
