@@ -8,6 +8,7 @@
 #include <QSaveFile>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -17,6 +18,9 @@ constexpr int digestSize = 32;
 constexpr quint32 showTag = 0x574F4853;  // "SHOW"
 constexpr quint32 nameTag = 0x454D414E;  // "NAME"
 constexpr qint64 maxFileSize = 64 << 20; // far above any show; refuses absurd files
+constexpr qsizetype writeBlockSize = 512 << 10;
+
+ShowFile::WriteProbe writeProbe = nullptr;
 
 void appendU16(QByteArray& out, quint16 value)
 {
@@ -118,10 +122,24 @@ ShowFile::Contents ShowFile::read(const QString& fileName, int expectedConsoleTy
 bool ShowFile::write(const QString& fileName, const QByteArray& bytes, QString* error)
 {
     QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        if (error)
-            *error = file.errorString();
-        return false;
+    int step = 0;
+    bool interrupted = false;
+    const auto proceed = [&] {
+        interrupted = writeProbe && !writeProbe(step++);
+        return !interrupted;
+    };
+    bool ok = proceed() && file.open(QIODevice::WriteOnly);
+    for (qsizetype offset = 0; ok && offset < bytes.size(); offset += writeBlockSize) {
+        const qsizetype length = std::min(writeBlockSize, bytes.size() - offset);
+        ok = proceed() && file.write(bytes.constData() + offset, length) == length;
     }
-    return true;
+    ok = ok && proceed() && file.commit();
+    if (!ok && error)
+        *error = interrupted ? QStringLiteral("write interrupted") : file.errorString();
+    return ok;
+}
+
+void ShowFile::setWriteProbe(WriteProbe probe)
+{
+    writeProbe = probe;
 }

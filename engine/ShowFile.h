@@ -45,4 +45,10 @@ public:
     // Writes through a temporary file renamed over the target on success, so
     // the previous file survives any failure. False on failure.
     static bool write(const QString& fileName, const QByteArray& bytes, QString* error = nullptr);
+
+    // Fault injection for tests: called before every step of write() (the
+    // open, each block, the commit) with the step's number from 0; returning
+    // false fails that step. Never set in the program.
+    using WriteProbe = bool (*)(int step);
+    static void setWriteProbe(WriteProbe probe);
 };

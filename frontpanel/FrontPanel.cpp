@@ -10,9 +10,12 @@
 #include "MakeFont.h"
 #include "SelectBlock.h"
 
+#include <algorithm>
+
 #include <QFile>
 #include <QPainter>
 #include <QPixmap>
+#include <QSet>
 #include <QTextStream>
 
 namespace {
@@ -53,7 +56,13 @@ QStringList listOf(const QString& field)
     return field.split(QLatin1Char(','), Qt::KeepEmptyParts);
 }
 
+bool startsOnPanel(const QRectF& panel, qint64 x, qint64 y)
+{
+    return x >= panel.left() && x < panel.right() && y >= panel.top() && y < panel.bottom();
+}
+
 // The x, y, columns, rows, column step, row step and item list of a line.
+// Places are worked out in 64 bits: a file's numbers may be anything.
 struct Grid
 {
     int x;
@@ -70,11 +79,31 @@ struct Grid
           items(listOf(fields[7]))
     {
     }
-    bool countsMatch() const { return items.size() == columns * rows; }
+    bool countsMatch() const { return items.size() == qint64(columns) * rows; }
     // Fader, wheel and display lines are single rows.
     bool isSingleRow() const { return countsMatch() && rows == 1 && columns >= 1; }
-    QPoint rowItem(int i) const { return QPoint(x + i * columnStep, y); }
+    // Whether items 0 to count - 1, from (x, y) + shift on by step, all start
+    // on the panel; then every place fits an int.
+    bool startsOnPanel(const QRectF& panel, QPoint shift, QPoint step) const
+    {
+        const qint64 last = qint64(items.size()) - 1;
+        for (const qint64 i : {qint64(0), last}) {
+            if (!::startsOnPanel(panel, qint64(x) + shift.x() + i * step.x(),
+                                 qint64(y) + shift.y() + i * step.y()))
+                return false;
+        }
+        return true;
+    }
+    QPoint item(int i, QPoint shift, QPoint step) const { return QPoint(x, y) + shift + i * step; }
 };
+
+// A control is on the panel when its middle is: it can be seen and reached.
+bool onPanel(const QGraphicsItem* item, const QRectF& panel)
+{
+    const QRectF extent =
+        item->sceneBoundingRect() | item->mapRectToScene(item->childrenBoundingRect());
+    return panel.contains(extent.center());
+}
 } // namespace
 
 // -- Display -----------------------------------------------------------------
@@ -211,6 +240,34 @@ void FrontPanel::loadLayout(const QString& base)
 
 void FrontPanel::buildLine(const QStringList& fields)
 {
+    const QList<QGraphicsItem*> before = panel.items();
+    buildItems(fields);
+    // A line that puts a control off the panel is a bad line: none of it stays.
+    const QList<QGraphicsItem*> after = panel.items();
+    if (after.size() == before.size())
+        return;
+    const QSet<QGraphicsItem*> old(before.cbegin(), before.cend());
+    QList<QGraphicsItem*> added;
+    for (QGraphicsItem* item : after) {
+        if (!item->parentItem() && !old.contains(item))
+            added << item;
+    }
+    const QRectF area = panel.sceneRect();
+    if (std::all_of(added.cbegin(), added.cend(),
+                    [&area](const QGraphicsItem* item) { return onPanel(item, area); }))
+        return;
+    for (QGraphicsItem* item : added) {
+        blocks.removeOne(dynamic_cast<FaderBlock*>(item));
+        for (Display*& lcd : displays) {
+            if (lcd == item)
+                lcd = nullptr;
+        }
+        delete item;
+    }
+}
+
+void FrontPanel::buildItems(const QStringList& fields)
+{
     const QString& keyword = fields.first();
     const int count = int(fields.size());
     if (keyword == QLatin1String("Button") && count == buttonFields)
@@ -233,7 +290,6 @@ void FrontPanel::buildButtons(const QStringList& fields)
     const QStringList labels = listOf(fields[8]);
     if (!grid.countsMatch() || labels.size() != grid.items.size())
         return;
-    const int x = grid.x + buttonShift;
     QPoint step;
     if (grid.rows == 1)
         step = QPoint(grid.columnStep, 0);
@@ -241,56 +297,72 @@ void FrontPanel::buildButtons(const QStringList& fields)
         step = QPoint(0, grid.rowStep);
     else
         return;
+    const QPoint shift(buttonShift, 0);
+    if (!grid.startsOnPanel(panel.sceneRect(), shift, step))
+        return;
     for (int i = 0; i < grid.items.size(); ++i) {
         auto* button = new ConsoleButton(nullptr, &panel, number(grid.items[i]), labels[i]);
-        button->setPos(QPoint(x, grid.y) + i * step);
+        button->setPos(grid.item(i, shift, step));
     }
 }
 
 void FrontPanel::buildFaders(const QStringList& fields)
 {
     const Grid grid(fields);
-    if (!grid.isSingleRow())
+    const QPoint shift(faderShift, 0);
+    const QPoint step(grid.columnStep, 0);
+    if (!grid.isSingleRow() || !grid.startsOnPanel(panel.sceneRect(), shift, step))
         return;
     for (int i = 0; i < grid.items.size(); ++i) {
         const int code = number(grid.items[i]);
         const int travel = code >= firstMasterFader ? masterTravel : faderTravel;
         auto* fader = new ConsoleFader(nullptr, &panel, code, travel, false, false);
-        fader->setPos(grid.rowItem(i) + QPoint(faderShift, 0));
+        fader->setPos(grid.item(i, shift, step));
     }
 }
 
 void FrontPanel::buildWheels(const QStringList& fields)
 {
     const Grid grid(fields);
-    if (!grid.isSingleRow())
+    const QPoint step(grid.columnStep, 0);
+    if (!grid.isSingleRow() || !grid.startsOnPanel(panel.sceneRect(), {}, step))
         return;
     for (int i = 0; i < grid.items.size(); ++i) {
         auto* wheel = new ConsoleWheel(nullptr, &panel, number(grid.items[i]));
-        wheel->setPos(grid.rowItem(i));
+        wheel->setPos(grid.item(i, {}, step));
     }
 }
 
 void FrontPanel::buildDisplays(const QStringList& fields)
 {
     const Grid grid(fields);
-    if (!grid.isSingleRow())
+    const QPoint step(grid.columnStep, 0);
+    if (!grid.isSingleRow() || !grid.startsOnPanel(panel.sceneRect(), {}, step))
         return;
     for (int i = 0; i < grid.items.size(); ++i) {
         const int id = number(grid.items[i]);
         if (id != 0 && id != 1)
             continue;
         auto* lcd = new Display(&panel);
-        lcd->setPos(grid.rowItem(i));
+        lcd->setPos(grid.item(i, {}, step));
         displays[std::size_t(id)] = lcd;
     }
 }
 
 void FrontPanel::buildFaderBlock(const QStringList& fields)
 {
-    auto* block = new FaderBlock(&panel, number(fields[4]), number(fields[3]), blockFaderLength,
-                                 blockSpacing, blockGap, blockButtonOffset, false);
-    block->setPos(QPoint(number(fields[1]), number(fields[2])) + faderBlockShift);
+    // Only the console's faders: the block reads their state by number.
+    const int first = number(fields[4]);
+    const int count = number(fields[3]);
+    if (first < 0 || count < 1 || count > ConsoleStateRecord::maxFaders - first)
+        return;
+    const qint64 x = qint64(number(fields[1])) + faderBlockShift.x();
+    const qint64 y = qint64(number(fields[2])) + faderBlockShift.y();
+    if (!startsOnPanel(panel.sceneRect(), x, y))
+        return;
+    auto* block = new FaderBlock(&panel, first, count, blockFaderLength, blockSpacing, blockGap,
+                                 blockButtonOffset, false);
+    block->setPos(QPoint(int(x), int(y)));
     // The console's surface has no zero key, and its neighbouring controls
     // sit where the block would put it.
     block->zeroButton()->hide();

@@ -56,6 +56,10 @@ public:
     // a console type; empty for an unknown type.
     static QString baseName(int consoleType);
 
+    // Builds the panel picture and the controls of layout base (a name from
+    // baseName()); the constructor does it for the console's model.
+    void loadLayout(const QString& base);
+
     // LCD 0 or 1, null when the layout has none.
     Display* display(int index) const;
     const QList<FaderBlock*>& faderBlocks() const { return blocks; }
@@ -65,8 +69,8 @@ public slots:
     void slotDisplayUpdated(int lcdDisplay);
 
 private:
-    void loadLayout(const QString& base);
     void buildLine(const QStringList& fields);
+    void buildItems(const QStringList& fields);
     void buildButtons(const QStringList& fields);
     void buildFaders(const QStringList& fields);
     void buildWheels(const QStringList& fields);

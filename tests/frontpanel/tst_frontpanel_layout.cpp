@@ -111,6 +111,13 @@ void TestFrontPanelLayout::lines_data()
     QTest::newRow("blocks: faders 5 left and 17 up, selects in place")
         << "Faders|13|240|12|12\r\nSelects|9|-4\r\n"
         << QStringList{"faders 12 8,223 12", "selects 9,-4"};
+    QTest::newRow("a control off the panel or past the numbers builds nothing")
+        << "Button|1300|10|1|1|0|0|5|x\nWheel|10|10|2|1|2147483000|0|1,2\n"
+           "Fader|-2147483648|10|1|1|0|0|3\nSelects|9|2000\nDisplay|10|10|2|1|-20|0|0,1\n"
+        << QStringList{};
+    QTest::newRow("fader blocks of the console's faders only")
+        << "Faders|13|240|12|40\nFaders|13|240|2|-1\nFaders|13|240|0|0\nFaders|13|240|48|0\n"
+        << QStringList{"faders 0 8,223 48"};
     QTest::newRow("empty caption kept, file order kept")
         << "Button|100|10|2|1|40|0|1,2|,b\nWheel|1|1|1|1|0|0|3\n"
         << QStringList{"key 1 98,10 ", "key 2 138,10 b", "wheel 3 1,1"};
