@@ -9,6 +9,7 @@
 #include "MakeFont.h"
 #include "NumberCell.h"
 #include "NumberRow.h"
+#include "PaletteMenu.h"
 #include "StoredValueText.h"
 #include "TitleBar.h"
 
@@ -20,27 +21,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace {
 
 constexpr int focusGroup = 0;
 constexpr int userGroup = 3;
-constexpr int paletteCount = 24;
 constexpr int deviceCount = DevicePart::deviceCount;
 
 bool samePlace(const QPointF& a, const QPointF& b)
 {
     return std::abs(a.x() - b.x()) <= 1e-12 && std::abs(a.y() - b.y()) <= 1e-12;
-}
-
-bool isColourMix(int parameter)
-{
-    return parameter == 0 || parameter == 3 || parameter == 4;
-}
-
-QString paletteReference(int group, int palette)
-{
-    return ConsoleCache::parameterGroupShortName(group) + QString::number(palette + 1);
 }
 
 } // namespace
@@ -111,7 +102,7 @@ QString OutputView::ParameterCell::text() const
     if (address < 0)
         return QString();
     if (data->hasPaletteReference(address))
-        return paletteReference(group(), data->paletteReference(address));
+        return StoredValueText::paletteReference(group(), data->paletteReference(address));
     int value = data->outputLevel(address);
     if (StoredValueText::readsInverted(*data, m_device, parameter()))
         value = 255 - value;
@@ -137,7 +128,7 @@ void OutputView::ParameterCell::refresh()
 {
     const QString shown = text();
     bool valid = false;
-    const QRgb swatch = isColourMix(parameter()) ? swatchColour(valid).rgba() : 0;
+    const QRgb swatch = StoredValueText::isColourMix(parameter()) ? swatchColour(valid).rgba() : 0;
     if (shown == m_lastText && shown.isNull() == m_lastText.isNull() && swatch == m_lastSwatch)
         return;
     m_lastText = shown;
@@ -164,11 +155,11 @@ void OutputView::ParameterCell::contextMenuEvent(QGraphicsSceneContextMenuEvent*
     if (!isSelected())
         return;
     event->accept();
-    QMenu menu;
-    m_view->fillPaletteMenu(&menu, group());
-    if (menu.isEmpty())
+    const ConsoleCache* cache = ConsoleLink::cache();
+    if (!cache || group() < focusGroup || group() >= userGroup)
         return;
-    if (const QAction* picked = menu.exec(event->screenPos()))
+    const std::unique_ptr<QMenu> menu(PaletteMenu::create(*cache, group(), nullptr));
+    if (const QAction* picked = menu->exec(event->screenPos()))
         m_view->applyMenuCommand(picked->data().toString());
 }
 
@@ -259,7 +250,7 @@ void OutputView::ParameterGroupCell::paint(QPainter* painter, const QStyleOption
         return;
     const qreal half = bounds.height() / 2;
     m_reference.draw(painter, QRectF(2, 3, bounds.width() - 4, half - 3), Qt::AlignCenter,
-                     paletteReference(m_group, palette), m_font, Qt::white);
+                     StoredValueText::paletteReference(m_group, palette), m_font, Qt::white);
     m_name.draw(painter, QRectF(2, half, bounds.width() - 4, half - 3), Qt::AlignCenter,
                 m_cache->paletteName(palette, m_group, ConsoleCache::wholeBlock), m_font,
                 Qt::white);
@@ -431,36 +422,16 @@ void OutputView::writeSelected(int level)
     }
 }
 
-void OutputView::fillPaletteMenu(QMenu* menu, int group) const
-{
-    const ConsoleCache* data = ConsoleLink::cache();
-    if (!data || group < focusGroup || group >= userGroup)
-        return;
-    QMenu* palettes = menu->addMenu(tr("Set palette"));
-    for (int palette = 0; palette < paletteCount; ++palette) {
-        if (!(data->paletteFlags(palette) & (1 << (group + 1))))
-            continue;
-        QAction* action =
-            palettes->addAction(paletteReference(group, palette) + QLatin1Char(' ') +
-                                data->paletteName(palette, group, ConsoleCache::wholeBlock));
-        action->setData(QStringLiteral("SetPalette/") + QString::number(palette));
-    }
-}
-
 void OutputView::applyMenuCommand(const QString& data)
 {
-    const QStringList words = data.split(QLatin1Char('/'));
-    if (words.size() != 2 || words[0] != QLatin1String("SetPalette"))
-        return;
-    bool ok = false;
-    const int palette = words[1].toInt(&ok);
+    const std::optional<int> palette = PaletteMenu::pickedPalette(data);
     const ConsoleCache* cache = ConsoleLink::cache();
-    if (!ok || palette < 0 || palette >= paletteCount || !m_console || !cache)
+    if (!palette || !m_console || !cache)
         return;
     for (const ParameterCell* cell : selectedCells()) {
         const int address = cache->deviceParameterAddress(cell->device(), cell->parameter());
         if (address >= 0)
-            m_console->writeDmx(quint16(address), quint8(palette), true);
+            m_console->writeDmx(quint16(address), quint8(*palette), true);
     }
 }
 

@@ -151,9 +151,6 @@ public:
 
     // Writes a level to the parameter of every selected parameter cell.
     void writeSelected(int level);
-    // Fills menu with one "Set palette" action per palette holding data of
-    // the group.
-    void fillPaletteMenu(QMenu* menu, int group) const;
     // Runs a popup action's data ("SetPalette/<index>"); anything else is
     // ignored.
     void applyMenuCommand(const QString& data);

@@ -2,6 +2,7 @@
 #include "PaletteMenu.h"
 
 #include "ConsoleCache.h"
+#include "StoredValueText.h"
 
 #include <QCoreApplication>
 #include <QMenu>
@@ -28,8 +29,8 @@ QMenu* PaletteMenu::create(const ConsoleCache& cache, int group, QWidget* parent
 
 QString PaletteMenu::paletteLabel(const ConsoleCache& cache, int palette, int group)
 {
-    return ConsoleCache::parameterGroupShortName(group) + QString::number(palette + 1) +
-           QLatin1Char(' ') + cache.paletteName(palette, group, ConsoleCache::wholeBlock);
+    return StoredValueText::paletteReference(group, palette) + QLatin1Char(' ') +
+           cache.paletteName(palette, group, ConsoleCache::wholeBlock);
 }
 
 std::optional<int> PaletteMenu::pickedPalette(const QString& data)

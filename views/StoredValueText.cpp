@@ -7,16 +7,20 @@ QString StoredValueText::text(const ConsoleCache& cache, int device, int paramet
                               bool isPaletteReference)
 {
     if (isPaletteReference)
-        return ConsoleCache::parameterGroupShortName(ConsoleCache::parameterGroup(parameter)) +
-               QString::number(value + 1);
+        return paletteReference(ConsoleCache::parameterGroup(parameter), value);
     if (readsInverted(cache, device, parameter))
         value = 255 - value;
     return ConsoleCache::formatLevel(value, true);
 }
 
+QString StoredValueText::paletteReference(int group, int palette)
+{
+    return ConsoleCache::parameterGroupShortName(group) + QString::number(palette + 1);
+}
+
 bool StoredValueText::readsInverted(const ConsoleCache& cache, int device, int parameter)
 {
-    if (parameter != 0 && parameter != 3 && parameter != 4)
+    if (!isColourMix(parameter))
         return false;
     const DeviceRecord& record = cache.record()->devices[device];
     return record.colourModel == DeviceRecord::subtractiveModel &&

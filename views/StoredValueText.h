@@ -17,4 +17,10 @@ public:
     // The colour-mix parameters 0, 3 and 4 of a subtractive device whose
     // mask bit (p + 1) is set read inverted.
     static bool readsInverted(const ConsoleCache& cache, int device, int parameter);
+    static bool isColourMix(int parameter)
+    {
+        return parameter == 0 || parameter == 3 || parameter == 4;
+    }
+    // A palette reference as the views show it: C3 for palette index 2 of Color.
+    static QString paletteReference(int group, int palette);
 };
