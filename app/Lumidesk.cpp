@@ -8,6 +8,7 @@
 #include "InterfaceDialog.h"
 #include "MainWindowFactory.h"
 #include "MakeFont.h"
+#include "ShowStarter.h"
 
 #include <QMessageBox>
 #include <QPointer>
@@ -92,6 +93,8 @@ int Lumidesk::run(const std::optional<ConsoleChoice>& preset)
     const QMetaObject::Connection quitOnClose =
         connect(this, &QGuiApplication::lastWindowClosed, this, &QCoreApplication::quit);
     MainWindowFactory::show(window);
+    if (m_playOnStart)
+        (new ShowStarter(m_console, window))->start();
     const int result = exec();
     disconnect(quitOnClose);
 

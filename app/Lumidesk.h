@@ -47,6 +47,8 @@ public:
     // and returns the exit code. Without a preset choice the console type
     // dialog asks (unless a console on USB answers first).
     int run(const std::optional<ConsoleChoice>& preset = std::nullopt);
+    // The show starts playing once the console is ready (see ShowStarter).
+    void setPlayOnStart(bool play) { m_playOnStart = play; }
 
     // Tells the engine when the console is unplugged, for as long as the
     // window lives. False when no watch could be set up.
@@ -73,4 +75,5 @@ private:
     Resources m_resources;
     QString m_language;
     QTranslator m_translator;
+    bool m_playOnStart = false;
 };

@@ -20,10 +20,15 @@ StartOptions StartOptions::parse(const QStringList& arguments)
     const QCommandLineOption platform(QStringLiteral("platform"),
                                       QStringLiteral("Qt platform plugin to use (e.g. offscreen)."),
                                       QStringLiteral("plugin"));
+    const QCommandLineOption play(
+        QStringLiteral("play"),
+        QStringLiteral("Start the show once the console is ready: memories half up, "
+                       "sequences full up, then GO on the stack."));
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOption(help);
     parser.addOption(model);
     parser.addOption(platform);
+    parser.addOption(play);
 
     StartOptions options;
     if (!parser.parse(arguments)) {
@@ -46,6 +51,7 @@ StartOptions StartOptions::parse(const QStringList& arguments)
         return options;
     }
     options.platformGiven = parser.isSet(platform);
+    options.play = parser.isSet(play);
     if (parser.isSet(model)) {
         options.model = ConsoleChoice::fromModelName(parser.value(model));
         if (!options.model) {

@@ -26,6 +26,8 @@ struct StartOptions
     QString message;
     // -platform was given: Qt is told where to draw.
     bool platformGiven = false;
+    // --play: the show starts playing once the console is ready.
+    bool play = false;
 
     static StartOptions parse(const QStringList& arguments);
     // Why no window can be opened (no display to draw on), or empty.

@@ -29,6 +29,7 @@ int main(int argc, char** argv)
     }
 
     auto* app = new Lumidesk(argc, argv);
+    app->setPlayOnStart(options.play);
     const int result = app->run(options.model);
     delete app;
     return result;

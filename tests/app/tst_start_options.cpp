@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "EngineSession.h"
+#include "ShowStarter.h"
 #include "StartOptions.h"
 
 #include <QProcess>
@@ -11,6 +13,8 @@ class TestStartOptions : public QObject
 private slots:
     void program_data();
     void program();
+    void showStarts_data();
+    void showStarts();
 };
 
 void TestStartOptions::program_data()
@@ -48,6 +52,44 @@ void TestStartOptions::program()
     QCOMPARE(process.exitCode(), exitCode);
     QCOMPARE(process.readAllStandardError().isEmpty(), exitCode == 0);
     QCOMPARE(process.readAllStandardOutput().isEmpty(), exitCode != 0);
+}
+
+void TestStartOptions::showStarts_data()
+{
+    QTest::addColumn<QString>("library");
+    QTest::addColumn<int>("variant");
+    QTest::newRow("alder") << "glowEngine" << 0;
+    QTest::newRow("cedar") << "glowEngine" << 2;
+    QTest::newRow("maple") << "glowproEngine" << 0;
+}
+
+// --play: the faders play memories at full and the stack's first cue is
+// live, and the output keeps moving (the demo chase loops).
+void TestStartOptions::showStarts()
+{
+    QFETCH(QString, library);
+    QFETCH(int, variant);
+    EngineSession session(library, variant);
+    QVERIFY(session.step());
+    const ConsoleStateRecord* record = session.record();
+    QCOMPARE(record->playbacks[12].afterLiveStep, 0);
+    ShowStarter starter(session.console());
+    QSignalSpy started(&starter, &ShowStarter::started);
+    starter.start();
+    QCOMPARE(started.count(), 1);
+    QVERIFY(session.step(5000));
+    const int firstSequence = session.cache()->firstSequenceFader();
+    for (int fader = 0; fader < record->faderCount; ++fader)
+        QCOMPARE(int(record->faders[fader].level), fader >= firstSequence ? 255 : 128);
+    QCOMPARE(record->playbacks[12].afterLiveStep, 1);
+    QCOMPARE(int(record->liveMode), 1);
+    QSet<QByteArray> outputs;
+    for (int k = 0; k < 8; ++k) {
+        outputs.insert(QByteArray(reinterpret_cast<const char*>(record->dmxOutput),
+                                  int(sizeof(record->dmxOutput))));
+        QVERIFY(session.step(250));
+    }
+    QVERIFY(outputs.size() > 1);
 }
 
 QTEST_GUILESS_MAIN(TestStartOptions)

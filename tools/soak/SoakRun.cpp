@@ -67,7 +67,8 @@ bool SoakRun::start(QString* error)
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     program_.setProcessEnvironment(environment);
     program_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    program_.start(options_.program, {QStringLiteral("--model"), QStringLiteral("maple")});
+    program_.start(options_.program,
+                   {QStringLiteral("--model"), QStringLiteral("maple"), QStringLiteral("--play")});
     if (!program_.waitForStarted(10000)) {
         *error =
             QStringLiteral("cannot start %1: %2").arg(options_.program, program_.errorString());
