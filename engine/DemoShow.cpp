@@ -17,7 +17,6 @@ constexpr quint8 levelsMask = 0x01;
 constexpr int red = 0;
 constexpr int green = 3;
 constexpr int blue = 4;
-constexpr int colourWheel = 5;
 
 void setParameter(ContentRecord& content, int device, int parameter, quint8 value,
                   bool palette = false)

@@ -11,7 +11,7 @@
 Dropdown::Dropdown(QGraphicsItem* parent, QGraphicsScene* scene, DropdownHandler* handler,
                    const QRectF& rect, float fontSize, const QColor& colour,
                    Qt::Alignment alignment)
-    : QGraphicsItem(parent), handler(handler), rect(rect), fontSize(fontSize), colour(colour),
+    : QGraphicsItem(parent), handler(handler), rect(rect), colour(colour),
       alignment(alignment), font(makeFont(QStringLiteral("Gill Sans MT"), int(fontSize))),
       hoveredFont(font)
 {

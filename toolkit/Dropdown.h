@@ -31,7 +31,6 @@ protected:
 private:
     DropdownHandler* handler;
     QRectF rect;
-    float fontSize;
     QColor colour;
     Qt::Alignment alignment;
     QFont font;

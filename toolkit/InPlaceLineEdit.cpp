@@ -46,7 +46,7 @@ QPalette editorPalette(QPalette palette, const QColor& colour)
 InPlaceLineEdit::InPlaceLineEdit(QWidget* parent, InPlaceLineEditHandler* handler,
                                  const QString& text, int maxLength, float fontSize,
                                  const QColor& colour, Qt::Alignment alignment)
-    : QLineEdit(text, parent), m_handler(handler), m_maxLength(maxLength), m_fontSize(fontSize),
+    : QLineEdit(text, parent), m_handler(handler), m_maxLength(maxLength),
       m_colour(colour)
 {
     setAttribute(Qt::WA_DeleteOnClose);

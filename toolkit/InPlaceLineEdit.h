@@ -39,7 +39,6 @@ private:
 
     InPlaceLineEditHandler* m_handler;
     int m_maxLength;
-    float m_fontSize;
     QColor m_colour;
     bool m_cancelled = false;
     bool m_finished = false;
