@@ -72,10 +72,11 @@ cpack --config "$build/CPackConfig.cmake" -B "$scratch/deb" >"$scratch/cpack.log
   { cat "$scratch/cpack.log" >&2; fail "cpack"; }
 deb=$(ls "$scratch"/deb/*.deb 2>/dev/null | head -n 1)
 if [ -n "$deb" ]; then
-  (cd "$root" && find . -type f | sort) >"$scratch/installed.txt"
-  dpkg-deb -c "$deb" | awk '$1 !~ /^d/ {print $6}' | sort >"$scratch/packaged.txt"
+  (cd "$root" && find . ! -type d | sort) >"$scratch/installed.txt"
+  dpkg-deb -c "$deb" >"$scratch/contents.txt"
+  awk '$1 !~ /^d/ {print $6}' "$scratch/contents.txt" | sort >"$scratch/packaged.txt"
   diff "$scratch/installed.txt" "$scratch/packaged.txt" >&2 || fail "package differs from install"
-  dpkg-deb -c "$deb" | grep -q '/usr/Documentation -> share/doc/lumidesk/html$' ||
+  grep -q '/usr/Documentation -> share/doc/lumidesk/html$' "$scratch/contents.txt" ||
     fail "package lacks the help button's link to the manual"
   depends=$(dpkg-deb -f "$deb" Depends)
   for lib in libqt6widgets6 libqt6network6 libudev1 libgcrypt20; do

@@ -31,6 +31,8 @@ constexpr int sequenceFaders = 12;
 // Time for fades to get going and for views to repaint after a switch.
 constexpr int playMilliseconds = 1500;
 constexpr int settleMilliseconds = 150;
+// The pictures are committed: compressed hardest.
+constexpr int smallestPng = 0;
 
 // The README's pictures come from these.
 struct ReadmePicture
@@ -200,7 +202,7 @@ bool ManualPictures::save(const QImage& image, const QString& model, const QStri
             targets << QDir(readme).filePath(QLatin1String(shown.file));
     }
     for (const QString& target : std::as_const(targets)) {
-        if (image.isNull() || !image.save(target, "PNG")) {
+        if (image.isNull() || !image.save(target, "PNG", smallestPng)) {
             *error = QStringLiteral("cannot write ") + target;
             return false;
         }
