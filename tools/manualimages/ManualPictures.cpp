@@ -88,6 +88,13 @@ std::optional<ManualPictures::Request> ManualPictures::parseRequest(const QStrin
         return std::nullopt;
     if (colon >= 0)
         request.pictures = text.mid(colon + 1).split(QLatin1Char(','), Qt::SkipEmptyParts);
+    QStringList known{frontPanelName()};
+    for (int kind = MainFrame::LegendsTab; kind <= MainFrame::SystemTab; ++kind)
+        known << pictureName(kind);
+    for (const QString& picture : std::as_const(request.pictures)) {
+        if (!known.contains(picture))
+            return std::nullopt;
+    }
     return request;
 }
 

@@ -26,7 +26,8 @@ public:
 
     ManualPictures(const QString& outputFolder, const QString& readmeFolder);
 
-    // "maple" or "cedar:playback,pages"; nothing for a model Lumidesk lacks.
+    // "maple" or "cedar:playback,pages"; nothing for a model Lumidesk lacks
+    // or a picture it cannot take.
     static std::optional<Request> parseRequest(const QString& text);
     // The picture names of a tab kind ("playback", "live", ...), or empty.
     static QString pictureName(int tabKind);

@@ -42,6 +42,7 @@ int main(int argc, char** argv)
     }
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
     qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(home.path()));
 
     Lumidesk app(argc, argv);
     QCommandLineParser parser;
@@ -61,7 +62,7 @@ int main(int argc, char** argv)
     for (const QString& argument : parser.positionalArguments()) {
         const auto request = ManualPictures::parseRequest(argument);
         if (!request) {
-            std::fprintf(stderr, "lumidesk-manual-images: unknown model in %s\n",
+            std::fprintf(stderr, "lumidesk-manual-images: unknown model or picture in %s\n",
                          qPrintable(argument));
             return badUsage;
         }
