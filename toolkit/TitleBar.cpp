@@ -434,9 +434,13 @@ void TitleBar::languageClicked()
         QMessageBox::Ok);
 }
 
+QString TitleBar::documentationFolder()
+{
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() +
+                           QStringLiteral("/../Documentation"));
+}
+
 void TitleBar::helpClicked()
 {
-    const QString folder = QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                                           QStringLiteral("/../Documentation"));
-    QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+    QDesktopServices::openUrl(QUrl::fromLocalFile(documentationFolder()));
 }

@@ -114,6 +114,10 @@ public:
 
     static constexpr int height = 33;
 
+    // The folder the help button opens: the manual, one level above the
+    // program's folder, where the build and the install both put it.
+    static QString documentationFolder();
+
 signals:
     void minimizeButtonClicked();
     void closeButtonClicked();

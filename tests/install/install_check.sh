@@ -31,6 +31,9 @@ share/icons/hicolor/256x256/apps/$app.png
 LIST
 
 bin=$root/usr/bin
+# The help button opens <program folder>/../Documentation: a link to the manual.
+[ -f "$root/usr/share/doc/lumidesk/html/index.html" ] || fail "manual not installed"
+[ -f "$bin/../Documentation/index.html" ] || fail "the help button's folder holds no manual"
 "$bin/lumidesk" --help >"$scratch/help.txt" 2>&1 || fail "lumidesk --help exited with $?"
 grep -q -- "--model" "$scratch/help.txt" || fail "lumidesk --help lists no --model"
 "$bin/citp-peer" --help >/dev/null 2>&1 || fail "citp-peer --help exited with $?"
@@ -69,9 +72,12 @@ cpack --config "$build/CPackConfig.cmake" -B "$scratch/deb" >"$scratch/cpack.log
   { cat "$scratch/cpack.log" >&2; fail "cpack"; }
 deb=$(ls "$scratch"/deb/*.deb 2>/dev/null | head -n 1)
 if [ -n "$deb" ]; then
-  (cd "$root" && find . -type f | sort) >"$scratch/installed.txt"
-  dpkg-deb -c "$deb" | awk '$1 !~ /^d/ {print $6}' | sort >"$scratch/packaged.txt"
+  (cd "$root" && find . ! -type d | sort) >"$scratch/installed.txt"
+  dpkg-deb -c "$deb" >"$scratch/contents.txt"
+  awk '$1 !~ /^d/ {print $6}' "$scratch/contents.txt" | sort >"$scratch/packaged.txt"
   diff "$scratch/installed.txt" "$scratch/packaged.txt" >&2 || fail "package differs from install"
+  grep -q '/usr/Documentation -> share/doc/lumidesk/html$' "$scratch/contents.txt" ||
+    fail "package lacks the help button's link to the manual"
   depends=$(dpkg-deb -f "$deb" Depends)
   for lib in libqt6widgets6 libqt6network6 libudev1 libgcrypt20; do
     case "$depends" in *"$lib "*) ;; *) fail "Depends lacks $lib: $depends" ;; esac
