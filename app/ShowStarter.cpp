@@ -43,13 +43,8 @@ bool ShowStarter::playNow()
     tap(engine, memoriesKey);
     // Memories at half, so that the chases on the sequence faders stand out.
     const int firstSequence = m_console->cache()->firstSequenceFader();
-    for (int fader = 0; fader < faders; ++fader) {
-        PanelEvent move;
-        move.kind = PanelEvent::PanelFader;
-        move.control = quint8(fader);
-        move.value = fader >= firstSequence ? 255 : 128;
-        engine->panelEvent(&move);
-    }
+    for (int fader = 0; fader < faders; ++fader)
+        moveFader(engine, fader, fader >= firstSequence ? 255 : 128);
     tap(engine, Timeline::goKey);
     return true;
 }
@@ -63,4 +58,13 @@ void ShowStarter::tap(ConsoleEngine* engine, int key)
         press.buttonState = state;
         engine->panelEvent(&press);
     }
+}
+
+void ShowStarter::moveFader(ConsoleEngine* engine, int fader, int level)
+{
+    PanelEvent move;
+    move.kind = PanelEvent::PanelFader;
+    move.control = quint8(fader);
+    move.value = quint8(level);
+    engine->panelEvent(&move);
 }

@@ -30,12 +30,15 @@ public:
     // Sends the panel moves at once; false when the console is not ready.
     bool playNow();
 
+    // One press and release of a panel key, one fader move, as the panel sends them.
+    static void tap(ConsoleEngine* engine, int key);
+    static void moveFader(ConsoleEngine* engine, int fader, int level);
+
 signals:
     void started();
 
 private:
     void attempt();
-    static void tap(ConsoleEngine* engine, int key);
 
     QPointer<Console> m_console;
     QTimer m_retry;

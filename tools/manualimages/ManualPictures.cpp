@@ -7,8 +7,9 @@
 #include "FrontPanel.h"
 #include "Lumidesk.h"
 #include "MainFrame.h"
-#include "PanelEvent.h"
+#include "ShowStarter.h"
 #include "TabStrip.h"
+#include "Timeline.h"
 
 #include <QEventLoop>
 #include <QImage>
@@ -21,8 +22,6 @@
 namespace {
 
 // Panel controls of the simulated consoles.
-constexpr int memoriesKey = 63;
-constexpr int goKey = 84;
 constexpr int deviceSelectKey = 57;
 constexpr int firstSelectKey = 24;
 // The last twelve faders of a page play sequences.
@@ -53,25 +52,6 @@ void wait(int milliseconds)
     loop.exec();
 }
 
-void sendFader(ConsoleEngine* engine, int fader, int level)
-{
-    PanelEvent event;
-    event.kind = PanelEvent::PanelFader;
-    event.control = quint8(fader);
-    event.value = quint8(level);
-    engine->panelEvent(&event);
-}
-
-void tapKey(ConsoleEngine* engine, int key)
-{
-    PanelEvent event;
-    event.kind = PanelEvent::PanelButton;
-    event.control = quint8(key);
-    event.buttonState = 1;
-    engine->panelEvent(&event);
-    event.buttonState = 0;
-    engine->panelEvent(&event);
-}
 
 } // namespace
 
@@ -135,19 +115,19 @@ QString ManualPictures::pictureName(int tabKind)
 void ManualPictures::playDemoShow(Console* console)
 {
     ConsoleEngine* engine = console->engine();
-    tapKey(engine, memoriesKey);
+    ShowStarter::tap(engine, ShowStarter::memoriesKey);
     constexpr std::array<int, 3> memoryLevels{255, 190, 120};
     for (std::size_t fader = 0; fader < memoryLevels.size(); ++fader)
-        sendFader(engine, int(fader), memoryLevels[fader]);
-    sendFader(engine, console->cache()->faderCount() - sequenceFaders, 255);
+        ShowStarter::moveFader(engine, int(fader), memoryLevels[fader]);
+    ShowStarter::moveFader(engine, console->cache()->faderCount() - sequenceFaders, 255);
     if (console->consoleType() == ConsoleCache::ModelMaple) {
-        tapKey(engine, deviceSelectKey);
-        tapKey(engine, firstSelectKey);
-        tapKey(engine, firstSelectKey + 1);
+        ShowStarter::tap(engine, deviceSelectKey);
+        ShowStarter::tap(engine, firstSelectKey);
+        ShowStarter::tap(engine, firstSelectKey + 1);
     }
-    tapKey(engine, goKey);
+    ShowStarter::tap(engine, Timeline::goKey);
     wait(playMilliseconds);
-    tapKey(engine, goKey);
+    ShowStarter::tap(engine, Timeline::goKey);
     wait(playMilliseconds / 2);
 }
 
