@@ -11,6 +11,7 @@
 #include "views/ShowItemHandler.h"
 
 #include <QDir>
+#include <QLineEdit>
 #include <QTest>
 
 #include <memory>
@@ -62,6 +63,8 @@ private slots:
     void closeQuestion();
     void versionAndModeChecks_data();
     void versionAndModeChecks();
+    void editKeys_data();
+    void editKeys();
 
 private:
     // A window whose registry has views for the given kinds (all when empty).
@@ -320,6 +323,51 @@ void TestMainFrame::versionAndModeChecks()
     engine->notify(ConsoleCode::VersionKnown);
     QCoreApplication::processEvents();
     QCOMPARE(answerer.seen, messages);
+}
+
+void TestMainFrame::editKeys_data()
+{
+    QTest::addColumn<QKeySequence>("keys");
+    QTest::addColumn<bool>("undoneFirst");
+    QTest::addColumn<bool>("editorOpen");
+    QTest::addColumn<QString>("name"); // the group's name afterwards
+    QTest::addColumn<int>("undoCount");
+    QTest::newRow("Ctrl+Z undoes") << QKeySequence(QStringLiteral("Ctrl+Z")) << false << false
+                                   << QString() << 0;
+    QTest::newRow("Ctrl+Shift+Z redoes")
+        << QKeySequence(QStringLiteral("Ctrl+Shift+Z")) << true << false << "Front" << 1;
+    QTest::newRow("Ctrl+Y redoes") << QKeySequence(QStringLiteral("Ctrl+Y")) << true << false
+                                   << "Front" << 1;
+    QTest::newRow("Ctrl+Z in an open editor edits its text")
+        << QKeySequence(QStringLiteral("Ctrl+Z")) << false << true << "Front" << 1;
+}
+
+void TestMainFrame::editKeys()
+{
+    QFETCH(QKeySequence, keys);
+    QFETCH(bool, undoneFirst);
+    QFETCH(bool, editorOpen);
+    QFETCH(QString, name);
+    QFETCH(int, undoCount);
+    MainFrame& window = makeFrame(ConsoleCache::ModelMaple, {MainFrame::GroupsTab});
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    console->cache()->setGroupName(3, 0, QStringLiteral("Front"));
+    console->journal()->commit();
+    if (undoneFirst)
+        QVERIFY(console->journal()->undo());
+    QLineEdit* editor = editorOpen ? new QLineEdit(&window) : nullptr;
+    if (editor) {
+        editor->show();
+        editor->setFocus();
+        QTest::keyClicks(editor, QStringLiteral("ab"));
+    }
+    QTest::keySequence(editor ? static_cast<QWidget*>(editor) : &window, keys);
+    QCOMPARE(console->cache()->groupName(3, 0), name);
+    QCOMPARE(console->journal()->undoCount(), undoCount);
+    if (editor)
+        QCOMPARE(editor->text(), QString());
 }
 
 int main(int argc, char** argv)
