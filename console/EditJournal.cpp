@@ -6,7 +6,6 @@
 #include "ConsoleStateRecord.h"
 
 #include <QByteArray>
-#include <QMutexLocker>
 #include <QThread>
 
 #include <algorithm>
@@ -278,7 +277,7 @@ void EditJournal::takeSnapshot()
     if (!r)
         return;
     const auto* base = reinterpret_cast<const char*>(r);
-    QMutexLocker lock(&m_shadowMutex);
+    std::lock_guard lock(m_shadowMutex);
     m_shadow.assign(base, base + sizeof(Record));
 }
 
@@ -296,7 +295,7 @@ void EditJournal::refresh(int code, int a, int b, int)
     if (spans.empty())
         return;
     const auto* base = reinterpret_cast<const char*>(r);
-    QMutexLocker lock(&m_shadowMutex);
+    std::lock_guard lock(m_shadowMutex);
     if (m_shadow.empty())
         return;
     for (const Span& span : spans)
@@ -360,12 +359,12 @@ void EditJournal::recordBytes(int code, int a, int b, int c)
     if (spans.empty())
         return;
     {
-        QMutexLocker lock(&m_shadowMutex);
+        std::lock_guard lock(m_shadowMutex);
         if (m_shadow.empty())
             return;
     }
     Edit& edit = openEdit();
-    QMutexLocker lock(&m_shadowMutex);
+    std::lock_guard lock(m_shadowMutex);
     for (const Span& span : spans) {
         // Ranges of one edit stay apart: one that meets an earlier one
         // absorbs it and keeps its older "before".
@@ -708,7 +707,7 @@ void EditJournal::replay(Edit& edit, bool forward)
     }
     {
         char* base = reinterpret_cast<char*>(record());
-        QMutexLocker lock(&m_shadowMutex);
+        std::lock_guard lock(m_shadowMutex);
         for (const Range& range : edit.ranges) {
             const QByteArray& bytes = forward ? range.after : range.before;
             std::memcpy(base + range.offset, bytes.constData(), size_t(bytes.size()));
