@@ -306,7 +306,8 @@ void EditJournal::reported(int code, int a, int b, int c)
 {
     if (!record())
         return;
-    if (m_replaying || QThread::currentThread() != thread() ||
+    // The engine's own answers come on its thread: they only move the copy.
+    if (QThread::currentThread() != thread() || m_replaying ||
         m_stale.load(std::memory_order_acquire)) {
         refresh(code, a, b, c);
         return;

@@ -328,24 +328,24 @@ void TestMainFrame::versionAndModeChecks()
 void TestMainFrame::editKeys_data()
 {
     QTest::addColumn<QKeySequence>("keys");
-    QTest::addColumn<bool>("undoneFirst");
+    QTest::addColumn<int>("before"); // 0 edited, 1 then undone, 2 then renamed by the console
     QTest::addColumn<bool>("editorOpen");
     QTest::addColumn<QString>("name"); // the group's name afterwards
     QTest::addColumn<int>("undoCount");
-    QTest::newRow("Ctrl+Z undoes") << QKeySequence(QStringLiteral("Ctrl+Z")) << false << false
-                                   << QString() << 0;
+    const QKeySequence undo(QStringLiteral("Ctrl+Z"));
+    QTest::newRow("Ctrl+Z undoes") << undo << 0 << false << QString() << 0;
     QTest::newRow("Ctrl+Shift+Z redoes")
-        << QKeySequence(QStringLiteral("Ctrl+Shift+Z")) << true << false << "Front" << 1;
-    QTest::newRow("Ctrl+Y redoes") << QKeySequence(QStringLiteral("Ctrl+Y")) << true << false
+        << QKeySequence(QStringLiteral("Ctrl+Shift+Z")) << 1 << false << "Front" << 1;
+    QTest::newRow("Ctrl+Y redoes") << QKeySequence(QStringLiteral("Ctrl+Y")) << 1 << false
                                    << "Front" << 1;
-    QTest::newRow("Ctrl+Z in an open editor edits its text")
-        << QKeySequence(QStringLiteral("Ctrl+Z")) << false << true << "Front" << 1;
+    QTest::newRow("Ctrl+Z in an open editor edits its text") << undo << 0 << true << "Front" << 1;
+    QTest::newRow("Ctrl+Z after the console renamed it") << undo << 2 << false << "Back" << 0;
 }
 
 void TestMainFrame::editKeys()
 {
     QFETCH(QKeySequence, keys);
-    QFETCH(bool, undoneFirst);
+    QFETCH(int, before);
     QFETCH(bool, editorOpen);
     QFETCH(QString, name);
     QFETCH(int, undoCount);
@@ -355,8 +355,12 @@ void TestMainFrame::editKeys()
     QVERIFY(QTest::qWaitForWindowActive(&window));
     console->cache()->setGroupName(3, 0, QStringLiteral("Front"));
     console->journal()->commit();
-    if (undoneFirst)
+    if (before == 1)
         QVERIFY(console->journal()->undo());
+    if (before == 2) {
+        ConsoleCache::writeText(engine->record()->groups[3].name, 0, QStringLiteral("Back"));
+        engine->notify(ConsoleCode::GroupChanged, 3);
+    }
     QLineEdit* editor = editorOpen ? new QLineEdit(&window) : nullptr;
     if (editor) {
         editor->show();
@@ -366,6 +370,7 @@ void TestMainFrame::editKeys()
     QTest::keySequence(editor ? static_cast<QWidget*>(editor) : &window, keys);
     QCOMPARE(console->cache()->groupName(3, 0), name);
     QCOMPARE(console->journal()->undoCount(), undoCount);
+    QCOMPARE(window.titleBar()->titleItem().message().isEmpty(), before != 2);
     if (editor)
         QCOMPARE(editor->text(), QString());
 }
