@@ -244,18 +244,6 @@ struct EditJournal::Edit
     }
 };
 
-EditJournal::Group::Group(EditJournal* journal) : m_journal(journal)
-{
-    if (m_journal)
-        ++m_journal->m_groupDepth;
-}
-
-EditJournal::Group::~Group()
-{
-    if (m_journal)
-        m_journal->endGroup();
-}
-
 EditJournal::EditJournal(Console* console) : m_console(console) {}
 
 EditJournal::~EditJournal() = default;
@@ -263,12 +251,6 @@ EditJournal::~EditJournal() = default;
 ConsoleStateRecord* EditJournal::record() const
 {
     return m_console->cache()->record();
-}
-
-void EditJournal::endGroup()
-{
-    if (--m_groupDepth == 0)
-        commit();
 }
 
 void EditJournal::takeSnapshot()
@@ -334,9 +316,6 @@ EditJournal::Edit& EditJournal::openEdit()
 {
     if (!m_open) {
         m_open = std::make_unique<Edit>();
-        for (const auto& edit : m_redo)
-            m_bytes -= edit->size();
-        m_redo.clear();
         if (!m_commitQueued) {
             // The edit ends with the event that made it.
             m_commitQueued = true;
@@ -488,7 +467,7 @@ void EditJournal::recordStep(int code, int a, int b, int c)
 
 void EditJournal::commit()
 {
-    if (m_groupDepth > 0 || !m_open)
+    if (!m_open)
         return;
     std::unique_ptr<Edit> edit = std::move(m_open);
     // Keep only the bytes that changed.
@@ -511,6 +490,10 @@ void EditJournal::commit()
         ++it;
     }
     if (!edit->isEmpty()) {
+        // A new edit ends what could be redone.
+        for (const auto& undone : m_redo)
+            m_bytes -= undone->size();
+        m_redo.clear();
         m_bytes += edit->size();
         m_undo.push_back(std::move(edit));
         trim();

@@ -19,7 +19,7 @@ struct ConsoleStateRecord;
 // record, kept current by the engine's notifications) and after; for an
 // engine command (patch a device, insert, delete or move a step) it keeps
 // what the inverse command needs. The reports made while one event is
-// handled, or inside a Group, form one edit. Undo and redo write the bytes
+// handled (a drop, a text typed into many cells) form one edit. Undo and redo write the bytes
 // back and send the same reports again, so the engine and every view follow.
 //
 // Everything but notified() runs on the GUI thread; reports from other
@@ -31,19 +31,6 @@ class EditJournal : public QObject
 public:
     static constexpr int editLimit = 200;
     static constexpr qint64 byteBudget = 4 * 1024 * 1024;
-
-    // Makes every report until the outermost Group ends one edit.
-    class Group
-    {
-    public:
-        explicit Group(EditJournal* journal);
-        ~Group();
-        Group(const Group&) = delete;
-        Group& operator=(const Group&) = delete;
-
-    private:
-        EditJournal* m_journal;
-    };
 
     explicit EditJournal(Console* console);
     ~EditJournal() override;
@@ -96,14 +83,12 @@ private:
     int personalityOf(int device) const;
     void refuse(bool undoing);
     void trim();
-    void endGroup();
 
     Console* m_console;
     std::deque<std::unique_ptr<Edit>> m_undo;
     std::vector<std::unique_ptr<Edit>> m_redo;
     std::unique_ptr<Edit> m_open;
     qint64 m_bytes = 0;
-    int m_groupDepth = 0;
     bool m_commitQueued = false;
     bool m_replaying = false;
     int m_pendingMoveKey = -1;

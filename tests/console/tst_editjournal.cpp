@@ -42,6 +42,7 @@ private slots:
     void undoRepeatsTheReports();
     void refusedWhenTheConsoleChangedIt();
     void clearedByABulkChange();
+    void keepsTheLatestEdits();
     void cleanupTestCase() { session.reset(); }
 
 private:
@@ -205,6 +206,17 @@ void TestEditJournal::clearedByABulkChange()
     QCoreApplication::processEvents();
     QCOMPARE(console->journal()->undoCount(), 0);
     QCOMPARE(console->cache()->groupName(3, 0), QStringLiteral("Front"));
+}
+
+void TestEditJournal::keepsTheLatestEdits()
+{
+    FakeEngine engine(ConsoleCache::ModelMaple);
+    std::unique_ptr<Console> console(engine.createConsole());
+    for (int n = 0; n < EditJournal::editLimit + 5; ++n) {
+        console->cache()->setGroupName(n % 24, 0, QString::number(n));
+        console->journal()->commit();
+    }
+    QCOMPARE(console->journal()->undoCount(), EditJournal::editLimit);
 }
 
 QTEST_MAIN(TestEditJournal)
