@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPalette>
 #include <QPixmap>
@@ -28,7 +29,7 @@ constexpr quint8 normalMode = 1;
 } // namespace
 
 MainFrame::MainFrame(QWidget* parent, const TabRegistry& views)
-    : QWidget(parent), bar(this), strip(this), panel(this)
+    : QWidget(parent), bar(this), strip(this), panel(this), undoKey(this), redoKey(this)
 {
     setWindowTitle(QStringLiteral("Lumidesk"));
     connect(&bar, &TitleBar::minimizeButtonClicked, this,
@@ -47,6 +48,7 @@ MainFrame::MainFrame(QWidget* parent, const TabRegistry& views)
     panel.raise();
 
     connectConsole();
+    installEditKeys();
     connect(&versionCheckTimer, &QTimer::timeout, this,
             &MainFrame::consoleCacheConsoleVersionUpdated, Qt::QueuedConnection);
     versionCheckTimer.setSingleShot(true);
@@ -135,6 +137,41 @@ void MainFrame::connectConsole()
             &MainFrame::consoleCacheConsoleVersionUpdated, Qt::QueuedConnection);
     connect(console, &Console::consoleStatusUpdated, this,
             &MainFrame::consoleCacheConsoleStatusUpdated, Qt::QueuedConnection);
+}
+
+void MainFrame::installEditKeys()
+{
+    undoKey.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    redoKey.setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    for (QAction* key : {&undoKey, &redoKey}) {
+        key->setShortcutContext(Qt::WindowShortcut);
+        addAction(key);
+    }
+    connect(&undoKey, &QAction::triggered, this, [this] { undoOrRedo(true); });
+    connect(&redoKey, &QAction::triggered, this, [this] { undoOrRedo(false); });
+    if (Console* console = ConsoleLink::console())
+        connect(console->journal(), &EditJournal::refused, this,
+                [this](const QString& text) { bar.showMessage(text); });
+}
+
+void MainFrame::undoOrRedo(bool undo)
+{
+    // An open in-place editor keeps the keys for its own text.
+    if (auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget())) {
+        if (undo)
+            editor->undo();
+        else
+            editor->redo();
+        return;
+    }
+    Console* console = ConsoleLink::console();
+    if (!console)
+        return;
+    if (undo)
+        console->journal()->undo();
+    else
+        console->journal()->redo();
 }
 
 QRect MainFrame::contentRect(int width, int height)

@@ -9,6 +9,7 @@
 #include "TabStrip.h"
 #include "TitleBar.h"
 
+#include <QAction>
 #include <QList>
 #include <QRect>
 #include <QTimer>
@@ -82,6 +83,9 @@ public:
     void showSequence(Console::Sequence sequence) override;
     void showMemory(int page, int memory) override;
     bool isBusy() const { return busy; }
+    // Undo and redo of the desktop's edits (Ctrl+Z; Ctrl+Shift+Z, Ctrl+Y).
+    QAction* undoAction() { return &undoKey; }
+    QAction* redoAction() { return &redoKey; }
 
 public slots:
     void titleBarMinimizeButtonClicked();
@@ -101,6 +105,8 @@ private:
     void buildTabs(int consoleType, const TabRegistry& views);
     void addTab(int kind, Tab* tab);
     void connectConsole();
+    void installEditKeys();
+    void undoOrRedo(bool undo);
     // The view behind the tab of kind after making it current, or null.
     Tab* selectTabOfKind(int kind);
     void closeAfterFatalMessage(const QString& text);
@@ -115,4 +121,6 @@ private:
     FrontPanel panel;
     QTimer versionCheckTimer;
     bool busy = false;
+    QAction undoKey;
+    QAction redoKey;
 };

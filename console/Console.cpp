@@ -58,6 +58,8 @@ Console::Console(QLibrary* library, ConsoleEngine* engine)
 {
     m_blinkTimer.setInterval(blinkIntervalMs);
     connect(&m_blinkTimer, &QTimer::timeout, this, &Console::buttonBlinkTimerTimeout);
+    // A show load, New or an erase: the history no longer fits the record.
+    connect(this, &Console::playLoaded, &m_journal, &EditJournal::clear);
 }
 
 Console::~Console()
@@ -187,6 +189,7 @@ void Console::notify(int code, int a, int b, int c)
     case ConsoleCode::Ready:
         // Counts first, so that whoever sees the flag sees them too.
         m_cache.copyCounts();
+        m_journal.takeSnapshot();
         m_ready.store(true, std::memory_order_release);
         break;
     case ConsoleCode::System:
@@ -197,6 +200,7 @@ void Console::notify(int code, int a, int b, int c)
     }
     if (m_suspended.load(std::memory_order_acquire))
         return;
+    m_journal.notified(code, a, b, c);
     runHooks(code, a, b, c);
     emitFor(code, a, b, c);
 }
@@ -205,12 +209,14 @@ void Console::handleSystem(int subCode, int x, int y)
 {
     switch (subCode) {
     case SystemCode::BulkBegin:
+        m_journal.bulkBegan();
         m_suspended.store(true, std::memory_order_release);
         break;
     case SystemCode::BulkEnd:
         m_suspended.store(false, std::memory_order_release);
         discardHooks();
         rebuildCaches(true, true);
+        m_journal.takeSnapshot();
         emit playLoaded();
         break;
     case SystemCode::LumideskCommand:
@@ -352,6 +358,8 @@ void Console::emitFor(int code, int a, int b, int)
 
 void Console::sendUpdate(int code, int a, int b, int c)
 {
+    // Before the engine sees it: a step it deletes is still in the record.
+    m_journal.reported(code, a, b, c);
     if (m_engine)
         m_engine->update(code, a, b, c);
 }

@@ -3,6 +3,7 @@
 
 #include "ConsoleCache.h"
 #include "DmxWriteQueue.h"
+#include "EditJournal.h"
 #include "IConsoleHandler.h"
 
 #include <QList>
@@ -131,6 +132,8 @@ public:
     ConsoleEngine* engine() const { return m_engine; }
     ConsoleCache* cache() { return &m_cache; }
     const ConsoleCache* cache() const { return &m_cache; }
+    // The undo history of the desktop's edits.
+    EditJournal* journal() { return &m_journal; }
     bool isVersionKnown() const { return m_versionKnown.load(std::memory_order_acquire); }
     bool isReady() const { return m_ready.load(std::memory_order_acquire); }
     ConsoleCache::ConsoleType consoleType() const { return m_cache.consoleType(); }
@@ -212,6 +215,7 @@ private:
     std::atomic<bool> m_suspended{false};
     ConsoleCache m_cache;
     DmxWriteQueue m_dmxWrites{&m_cache};
+    EditJournal m_journal{this};
     std::atomic<bool> m_ready{false};
     std::atomic<bool> m_versionKnown{false};
     QTimer m_blinkTimer;

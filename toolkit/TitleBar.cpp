@@ -59,6 +59,13 @@ void TitleBar::Title::setText(const QString& text)
     update();
 }
 
+void TitleBar::Title::setMessage(const QString& text)
+{
+    note = text;
+    elide();
+    update();
+}
+
 void TitleBar::Title::setAvailableWidth(int width)
 {
     if (width == available)
@@ -73,6 +80,10 @@ void TitleBar::Title::elide()
     const QString prefix = QStringLiteral("Lumidesk - [");
     const QString suffix = QStringLiteral("]");
     const QFontMetrics metrics(font);
+    if (!note.isEmpty()) {
+        shown = metrics.elidedText(note, Qt::ElideRight, available);
+        return;
+    }
     const int room = available - metrics.horizontalAdvance(prefix + suffix);
     shown = prefix + metrics.elidedText(title, Qt::ElideLeft, std::max(room, 0)) + suffix;
 }
@@ -185,6 +196,8 @@ TitleBar::TitleBar(QWidget* mainWindow)
     connect(&refreshTimer, &QTimer::timeout, this, &TitleBar::refreshCaptureButton);
     connect(&refreshTimer, &QTimer::timeout, this, &TitleBar::refreshClock);
     refreshTimer.start(1000);
+    messageTimer.setSingleShot(true);
+    connect(&messageTimer, &QTimer::timeout, this, [this] { title.setMessage(QString()); });
     refreshClock();
 
     captureButton.setVisible(visualiserFinder.find());
@@ -249,6 +262,12 @@ QGraphicsItem* TitleBar::item(Item which)
 void TitleBar::setTitle(const QString& text)
 {
     title.setText(text);
+}
+
+void TitleBar::showMessage(const QString& text, int milliseconds)
+{
+    title.setMessage(text);
+    messageTimer.start(milliseconds);
 }
 
 void TitleBar::setOnline(bool online)

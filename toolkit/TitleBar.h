@@ -32,6 +32,9 @@ public:
         explicit Title(const QFont& font);
         void setText(const QString& text);
         QString text() const { return title; }
+        // Shown instead of the title while set.
+        void setMessage(const QString& text);
+        QString message() const { return note; }
         void setAvailableWidth(int width);
         int availableWidth() const { return available; }
         // What is drawn: "Lumidesk - [" + the elided text + "]".
@@ -47,6 +50,7 @@ public:
         QFont font;
         int available = 100;
         QString title;
+        QString note;
         QString shown;
     };
 
@@ -93,6 +97,8 @@ public:
     ~TitleBar() override;
 
     void setTitle(const QString& title);
+    // A short notice in place of the title for a few seconds.
+    void showMessage(const QString& text, int milliseconds = messageDuration);
     void setOnline(bool online);
     // A view registers itself from its activate(); it stays until replaced.
     void setTitleBarHandler(TitleBarHandler* handler) { this->handler = handler; }
@@ -113,6 +119,7 @@ public:
     QString clockText() const { return clock.toPlainText(); }
 
     static constexpr int height = 33;
+    static constexpr int messageDuration = 4000;
 
     // The folder the help button opens: the manual, one level above the
     // program's folder, where the build and the install both put it.
@@ -144,6 +151,7 @@ private:
     QPoint lastMousePosition;
     VisualiserFinder visualiserFinder;
     QTimer refreshTimer;
+    QTimer messageTimer;
     const int consoleType;
     QGraphicsPixmapItem logo;
     Title title;

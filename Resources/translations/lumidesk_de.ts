@@ -337,6 +337,17 @@
     </message>
 </context>
 <context>
+    <name>EditJournal</name>
+    <message>
+        <source>Not undone: the console has changed it since</source>
+        <translation>Nicht rückgängig gemacht: die Konsole hat es inzwischen geändert</translation>
+    </message>
+    <message>
+        <source>Not redone: the console has changed it since</source>
+        <translation>Nicht wiederhergestellt: die Konsole hat es inzwischen geändert</translation>
+    </message>
+</context>
+<context>
     <name>EffectsView</name>
     <message>
         <source>Shape

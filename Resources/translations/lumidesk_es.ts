@@ -337,6 +337,17 @@
     </message>
 </context>
 <context>
+    <name>EditJournal</name>
+    <message>
+        <source>Not undone: the console has changed it since</source>
+        <translation>No deshecho: la consola lo ha cambiado desde entonces</translation>
+    </message>
+    <message>
+        <source>Not redone: the console has changed it since</source>
+        <translation>No rehecho: la consola lo ha cambiado desde entonces</translation>
+    </message>
+</context>
+<context>
     <name>EffectsView</name>
     <message>
         <source>Shape

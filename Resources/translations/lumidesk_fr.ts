@@ -337,6 +337,17 @@
     </message>
 </context>
 <context>
+    <name>EditJournal</name>
+    <message>
+        <source>Not undone: the console has changed it since</source>
+        <translation>Non annulé : la console l'a modifié depuis</translation>
+    </message>
+    <message>
+        <source>Not redone: the console has changed it since</source>
+        <translation>Non rétabli : la console l'a modifié depuis</translation>
+    </message>
+</context>
+<context>
     <name>EffectsView</name>
     <message>
         <source>Shape

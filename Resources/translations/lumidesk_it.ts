@@ -337,6 +337,17 @@
     </message>
 </context>
 <context>
+    <name>EditJournal</name>
+    <message>
+        <source>Not undone: the console has changed it since</source>
+        <translation>Non annullato: la console lo ha modificato nel frattempo</translation>
+    </message>
+    <message>
+        <source>Not redone: the console has changed it since</source>
+        <translation>Non ripristinato: la console lo ha modificato nel frattempo</translation>
+    </message>
+</context>
+<context>
     <name>EffectsView</name>
     <message>
         <source>Shape

@@ -11,6 +11,7 @@
 #include "views/ShowItemHandler.h"
 
 #include <QDir>
+#include <QLineEdit>
 #include <QTest>
 
 #include <memory>
@@ -62,6 +63,8 @@ private slots:
     void closeQuestion();
     void versionAndModeChecks_data();
     void versionAndModeChecks();
+    void editKeys_data();
+    void editKeys();
 
 private:
     // A window whose registry has views for the given kinds (all when empty).
@@ -320,6 +323,56 @@ void TestMainFrame::versionAndModeChecks()
     engine->notify(ConsoleCode::VersionKnown);
     QCoreApplication::processEvents();
     QCOMPARE(answerer.seen, messages);
+}
+
+void TestMainFrame::editKeys_data()
+{
+    QTest::addColumn<QKeySequence>("keys");
+    QTest::addColumn<int>("before"); // 0 edited, 1 then undone, 2 then renamed by the console
+    QTest::addColumn<bool>("editorOpen");
+    QTest::addColumn<QString>("name"); // the group's name afterwards
+    QTest::addColumn<int>("undoCount");
+    const QKeySequence undo(QStringLiteral("Ctrl+Z"));
+    QTest::newRow("Ctrl+Z undoes") << undo << 0 << false << QString() << 0;
+    QTest::newRow("Ctrl+Shift+Z redoes")
+        << QKeySequence(QStringLiteral("Ctrl+Shift+Z")) << 1 << false << "Front" << 1;
+    QTest::newRow("Ctrl+Y redoes") << QKeySequence(QStringLiteral("Ctrl+Y")) << 1 << false
+                                   << "Front" << 1;
+    QTest::newRow("Ctrl+Z in an open editor edits its text") << undo << 0 << true << "Front" << 1;
+    QTest::newRow("Ctrl+Z after the console renamed it") << undo << 2 << false << "Back" << 0;
+}
+
+void TestMainFrame::editKeys()
+{
+    QFETCH(QKeySequence, keys);
+    QFETCH(int, before);
+    QFETCH(bool, editorOpen);
+    QFETCH(QString, name);
+    QFETCH(int, undoCount);
+    MainFrame& window = makeFrame(ConsoleCache::ModelMaple, {MainFrame::GroupsTab});
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    console->cache()->setGroupName(3, 0, QStringLiteral("Front"));
+    console->journal()->commit();
+    if (before == 1)
+        QVERIFY(console->journal()->undo());
+    if (before == 2) {
+        ConsoleCache::writeText(engine->record()->groups[3].name, 0, QStringLiteral("Back"));
+        engine->notify(ConsoleCode::GroupChanged, 3);
+    }
+    QLineEdit* editor = editorOpen ? new QLineEdit(&window) : nullptr;
+    if (editor) {
+        editor->show();
+        editor->setFocus();
+        QTest::keyClicks(editor, QStringLiteral("ab"));
+    }
+    QTest::keySequence(editor ? static_cast<QWidget*>(editor) : &window, keys);
+    QCOMPARE(console->cache()->groupName(3, 0), name);
+    QCOMPARE(console->journal()->undoCount(), undoCount);
+    QCOMPARE(window.titleBar()->titleItem().message().isEmpty(), before != 2);
+    if (editor)
+        QCOMPARE(editor->text(), QString());
 }
 
 int main(int argc, char** argv)
