@@ -14,6 +14,7 @@
 #include <optional>
 
 class Console;
+class OlaOutput;
 
 // The application object: owns the console and the shared image set, and
 // runs the program from the console choice to the teardown. Items below the
@@ -48,6 +49,10 @@ public:
     // dialog asks (unless a console on USB answers first).
     int run(const std::optional<ConsoleChoice>& preset = std::nullopt);
 
+    // DMX output through OLA from OLA universe firstUniverse on, or (-1) none;
+    // stored in the settings store, used from the next console load on.
+    static void setOlaUniverse(int firstUniverse);
+
     // Tells the engine when the console is unplugged, for as long as the
     // window lives. False when no watch could be set up.
     bool registerDeviceNotification(QWidget* window, const QString& classGuid);
@@ -65,10 +70,12 @@ private:
     void loadTranslation();
     void showLoadError(int error);
     void consoleRemoved();
+    void startOlaOutput();
 
     static Lumidesk* s_instance;
 
     Console* m_console = nullptr;
+    OlaOutput* m_olaOutput = nullptr;
     DeviceNotification m_deviceNotification;
     Resources m_resources;
     QString m_language;
