@@ -110,7 +110,12 @@ private:
     {
         if (!m_client)
             return m_nextAttempt;
-        return m_lastSend + (m_frameDirty ? framePeriod : refreshInterval);
+        if (!m_frameDirty)
+            return m_lastSend + refreshInterval;
+        // One frame period on average, but a frame a little early (a source
+        // at that very rate, with scheduling jitter) still goes at once
+        // rather than a whole period late.
+        return m_frameSlot - framePeriod;
     }
 
     void work()
@@ -120,6 +125,7 @@ private:
             return;
         }
         m_lastSend = Clock::now();
+        m_frameSlot = std::max(m_frameSlot, m_lastSend) + framePeriod;
         m_frameDirty = false;
         if (sendFrame())
             return;
@@ -205,6 +211,7 @@ private:
     Frame m_frame{};
     bool m_frameDirty = true;
     Clock::time_point m_lastSend;
+    Clock::time_point m_frameSlot; // when the next frame is due at the steady rate
     Clock::time_point m_nextAttempt;
     State m_state = State::Starting;
 

@@ -6,6 +6,7 @@
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
+#include <QtTest>
 
 class TestOlaOutput : public QObject
 {
@@ -68,7 +69,7 @@ void TestOlaOutput::levelsArrive()
         QVERIFY(reader->waitFor([&] { return reader->frames[7 + universe].endsWith(expected); }));
     }
     QCOMPARE(reader->frames.value(8).isEmpty(), universes == 1);
-    QCOMPARE_LE(reader->frames.value(7).size(), 2 + burstMs * OlaOutput::maxFramesPerSecond / 1000 +
+    QCOMPARE_LE(reader->frames.value(7).size(), 3 + burstMs * OlaOutput::maxFramesPerSecond / 1000 +
                                                     burstMs / OlaOutput::refreshIntervalMs);
     QTRY_COMPARE(connections.size(), olad == "restarted" ? 3 : 1);
 }
