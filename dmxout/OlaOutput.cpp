@@ -4,8 +4,13 @@
 #include "Console.h"
 #include "ConsoleStateRecord.h"
 
+#include <ola/Callback.h>
 #include <ola/DmxBuffer.h>
+#include <ola/client/OlaClient.h>
 #include <ola/client/StreamingClient.h>
+#include <ola/io/SelectServer.h>
+#include <ola/network/SocketAddress.h>
+#include <ola/network/TCPSocket.h>
 
 #include <QtGlobal>
 
@@ -17,13 +22,17 @@
 #include <cstring>
 #include <mutex>
 #include <pthread.h>
+#include <set>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace {
 using Clock = std::chrono::steady_clock;
 constexpr auto framePeriod = std::chrono::microseconds(1000000 / OlaOutput::maxFramesPerSecond);
 constexpr auto retryInterval = std::chrono::milliseconds(OlaOutput::retryIntervalMs);
 constexpr auto refreshInterval = std::chrono::milliseconds(OlaOutput::refreshIntervalMs);
+constexpr auto universeListTimeout = std::chrono::milliseconds(500);
 
 // A write to a daemon that just went away must fail with EPIPE rather than
 // end the program; only this thread writes to olad, so only it ignores the
@@ -127,8 +136,11 @@ private:
         m_lastSend = Clock::now();
         m_frameSlot = std::max(m_frameSlot, m_lastSend) + framePeriod;
         m_frameDirty = false;
-        if (sendFrame())
+        if (sendFrame()) {
+            if (std::exchange(m_universesUnchecked, false))
+                reportUniversesWithoutOutput();
             return;
+        }
         m_client.reset();
         setState(State::Away);
         // A daemon restarted at once is picked up at once; otherwise the
@@ -148,9 +160,55 @@ private:
             return false;
         }
         m_client = std::move(client);
+        m_universesUnchecked = true;
         setState(State::Connected);
         return true;
     }
+
+    // olad drops what arrives for a universe it does not have, and a universe
+    // without an output port reaches no fixture: say so once per connection,
+    // as the levels would otherwise vanish without a word. The daemon is
+    // asked over a second connection with OLA's general client.
+    void reportUniversesWithoutOutput()
+    {
+        using namespace ola::network;
+        const std::unique_ptr<TCPSocket> socket(
+            TCPSocket::Connect(IPV4SocketAddress(IPV4Address::Loopback(), m_rpcPort)));
+        if (!socket)
+            return;
+        ola::client::OlaClient client(socket.get());
+        ola::io::SelectServer server;
+        if (!client.Setup() || !server.AddReadDescriptor(socket.get()))
+            return;
+        UniverseList list;
+        client.FetchUniverseList(ola::NewSingleCallback(&list, &UniverseList::received));
+        for (const Clock::time_point end = Clock::now() + universeListTimeout;
+             !list.answered && Clock::now() < end;)
+            server.RunOnce(ola::TimeInterval(0, 20000));
+        server.RemoveReadDescriptor(socket.get());
+        client.Stop();
+        for (int i = 0; list.answered && i < m_universeCount; ++i) {
+            const unsigned universe = m_firstUniverse + unsigned(i);
+            if (list.withOutput.count(universe) == 0)
+                qWarning("OLA: universe %u has no output port in olad, so no fixture gets these "
+                         "levels; patch one in olad's web page (http://localhost:9090)",
+                         universe);
+        }
+    }
+
+    struct UniverseList
+    {
+        bool answered = false;
+        std::set<unsigned> withOutput;
+        void received(const ola::client::Result& result,
+                      const std::vector<ola::client::OlaUniverse>& universes)
+        {
+            answered = result.Success();
+            for (const ola::client::OlaUniverse& universe : universes)
+                if (universe.OutputPortCount() > 0)
+                    withOutput.insert(universe.Id());
+        }
+    };
 
     bool sendFrame()
     {
@@ -210,6 +268,7 @@ private:
     std::unique_ptr<ola::client::StreamingClient> m_client;
     Frame m_frame{};
     bool m_frameDirty = true;
+    bool m_universesUnchecked = false;
     Clock::time_point m_lastSend;
     Clock::time_point m_frameSlot; // when the next frame is due at the steady rate
     Clock::time_point m_nextAttempt;

@@ -18,21 +18,17 @@ void TestStartOptions::program_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("model"); // library and variant parsed; empty: none
-    QTest::addColumn<int>("ola");       // first OLA universe, -1 off, -2 unchanged
     QTest::newRow("birch after -platform")
-        << QStringList{"-platform", "offscreen", "--model", "birch"} << -1 << "glowEngine 1" << -2;
-    QTest::newRow("cedar") << QStringList{"--model=cedar"} << -1 << "glowEngine 2" << -2;
+        << QStringList{"-platform", "offscreen", "--model", "birch"} << -1 << "glowEngine 1";
+    QTest::newRow("cedar") << QStringList{"--model=cedar"} << -1 << "glowEngine 2";
     QTest::newRow("maple in capitals")
-        << QStringList{"--model", "MAPLE"} << -1 << "glowproEngine 0" << -2;
-    QTest::newRow("unknown model") << QStringList{"--model", "oak"} << 2 << "" << -2;
-    QTest::newRow("stray argument") << QStringList{"show.asc"} << 2 << "" << -2;
-    QTest::newRow("help") << QStringList{"--help"} << 0 << "" << -2;
-    QTest::newRow("ola universe 0") << QStringList{"--ola-universe=0"} << -1 << "" << 0;
-    QTest::newRow("no ola") << QStringList{"--no-ola"} << -1 << "" << -1;
-    QTest::newRow("ola universe not a number")
-        << QStringList{"--ola-universe", "x"} << 2 << "" << -2;
+        << QStringList{"--model", "MAPLE"} << -1 << "glowproEngine 0";
+    QTest::newRow("unknown model") << QStringList{"--model", "oak"} << 2 << "";
+    QTest::newRow("stray argument") << QStringList{"show.asc"} << 2 << "";
+    QTest::newRow("help") << QStringList{"--help"} << 0 << "";
+    QTest::newRow("ola universe not a number") << QStringList{"--ola-universe=x"} << 2 << "";
     QTest::newRow("ola universe and no ola")
-        << QStringList{"--ola-universe", "1", "--no-ola"} << 2 << "" << -2;
+        << QStringList{"--ola-universe", "1", "--no-ola"} << 2 << "";
 }
 
 // Rows with an exit code are also run: the program stops with it before any window.
@@ -41,12 +37,10 @@ void TestStartOptions::program()
     QFETCH(QStringList, arguments);
     QFETCH(int, exitCode);
     QFETCH(QString, model);
-    QFETCH(int, ola);
     const StartOptions options = StartOptions::parse(QStringList{"lumidesk"} + arguments);
     const auto& chosen = options.model;
     QCOMPARE(chosen ? chosen->libraryName + ' ' + QString::number(chosen->modelVariant) : "",
              model);
-    QCOMPARE(options.noOla ? -1 : options.olaUniverse.value_or(-2), ola);
     if (exitCode < 0) {
         QVERIFY(options.action == StartOptions::Action::Run);
         return;
