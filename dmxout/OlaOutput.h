@@ -15,8 +15,10 @@ class Console;
 // The GUI thread only drops the newest levels into a mailbox; a thread of its
 // own talks to olad, sends at most maxFramesPerSecond frames (the latest
 // levels win) and reconnects every retryIntervalMs while olad is away, so
-// neither the GUI nor the engine ever waits on the daemon. OLA's own types
-// stay in the source file: the program builds without OLA too.
+// neither the GUI nor the engine ever waits on the daemon. Universes that
+// olad has no output port for are named once per connection, as olad drops
+// their levels silently. OLA's own types stay in the source file: the
+// program builds without OLA too.
 class OlaOutput : public QObject
 {
     Q_OBJECT
