@@ -9,6 +9,9 @@
 #include "MainWindowFactory.h"
 #include "MakeFont.h"
 #include "ShowStarter.h"
+#if LUMIDESK_HAVE_OLA
+#include "OlaOutput.h"
+#endif
 
 #include <QMessageBox>
 #include <QPointer>
@@ -18,7 +21,9 @@ Lumidesk* Lumidesk::s_instance = nullptr;
 
 namespace {
 const QString languageKey = QStringLiteral("Language");
-}
+const QString olaOutputKey = QStringLiteral("OlaOutput");
+const QString olaUniverseKey = QStringLiteral("OlaUniverse");
+} // namespace
 
 Lumidesk::Lumidesk(int& argc, char** argv)
     : QApplication(argc, argv), m_deviceNotification([this] { consoleRemoved(); }),
@@ -87,6 +92,7 @@ int Lumidesk::run(const std::optional<ConsoleChoice>& preset)
     // Visualisers are optional: without the network ports the console still runs.
     if (!CITPAgent::start(m_console))
         qDebug("CITP agent not started: running without visualisers");
+    startOlaOutput();
 
     QPointer<QWidget> window = MainWindowFactory::create();
     registerDeviceNotification(window, consoleInterfaceClass());
@@ -102,9 +108,35 @@ int Lumidesk::run(const std::optional<ConsoleChoice>& preset)
     delete window;
     unregisterDeviceNotification();
     CITPAgent::stop();
+#if LUMIDESK_HAVE_OLA
+    delete m_olaOutput;
+    m_olaOutput = nullptr;
+#endif
     m_console->unload();
     m_console = nullptr;
     return result;
+}
+
+void Lumidesk::setOlaUniverse(int firstUniverse)
+{
+    QSettings settings;
+    settings.setValue(olaOutputKey, firstUniverse >= 0);
+    if (firstUniverse >= 0)
+        settings.setValue(olaUniverseKey, firstUniverse);
+}
+
+void Lumidesk::startOlaOutput()
+{
+    const QSettings settings;
+    if (!settings.value(olaOutputKey, false).toBool())
+        return;
+    const int firstUniverse = settings.value(olaUniverseKey, 1).toInt();
+#if LUMIDESK_HAVE_OLA
+    m_olaOutput = new OlaOutput(m_console, firstUniverse);
+#else
+    qWarning("OLA: this Lumidesk was built without OLA; no DMX output to OLA universe %d",
+             firstUniverse);
+#endif
 }
 
 void Lumidesk::showLoadError(int error)

@@ -14,6 +14,7 @@
 #include <optional>
 
 class Console;
+class OlaOutput;
 
 // The application object: owns the console and the shared image set, and
 // runs the program from the console choice to the teardown. Items below the
@@ -50,6 +51,10 @@ public:
     // The show starts playing once the console is ready (see ShowStarter).
     void setPlayOnStart(bool play) { m_playOnStart = play; }
 
+    // DMX output through OLA from OLA universe firstUniverse on, or (-1) none;
+    // stored in the settings store, used from the next console load on.
+    static void setOlaUniverse(int firstUniverse);
+
     // Tells the engine when the console is unplugged, for as long as the
     // window lives. False when no watch could be set up.
     bool registerDeviceNotification(QWidget* window, const QString& classGuid);
@@ -67,10 +72,12 @@ private:
     void loadTranslation();
     void showLoadError(int error);
     void consoleRemoved();
+    void startOlaOutput();
 
     static Lumidesk* s_instance;
 
     Console* m_console = nullptr;
+    OlaOutput* m_olaOutput = nullptr;
     DeviceNotification m_deviceNotification;
     Resources m_resources;
     QString m_language;

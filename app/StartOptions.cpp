@@ -16,6 +16,14 @@ StartOptions StartOptions::parse(const QStringList& arguments)
                                    QStringLiteral("Load this console model without asking: %1.")
                                        .arg(ConsoleChoice::modelNames().join(QStringLiteral(", "))),
                                    QStringLiteral("name"));
+    const QCommandLineOption olaUniverse(
+        QStringLiteral("ola-universe"),
+        QStringLiteral("Send the DMX output to olad: console universe 1 to OLA universe N, "
+                       "universe 2 to N + 1. Remembered for later starts."),
+        QStringLiteral("N"));
+    const QCommandLineOption noOla(QStringLiteral("no-ola"),
+                                   QStringLiteral("Send no DMX output to olad (the default). "
+                                                  "Remembered for later starts."));
     // Qt's own -platform option (e.g. offscreen) is passed on to Qt.
     const QCommandLineOption platform(QStringLiteral("platform"),
                                       QStringLiteral("Qt platform plugin to use (e.g. offscreen)."),
@@ -27,6 +35,8 @@ StartOptions StartOptions::parse(const QStringList& arguments)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOption(help);
     parser.addOption(model);
+    parser.addOption(olaUniverse);
+    parser.addOption(noOla);
     parser.addOption(platform);
     parser.addOption(play);
 
@@ -52,6 +62,22 @@ StartOptions StartOptions::parse(const QStringList& arguments)
     }
     options.platformGiven = parser.isSet(platform);
     options.play = parser.isSet(play);
+    const bool olaOff = parser.isSet(noOla);
+    if (parser.isSet(olaUniverse)) {
+        bool number = false;
+        const int universe = parser.value(olaUniverse).toInt(&number);
+        if (!number || universe < 0 || universe > maxOlaUniverse || olaOff) {
+            options.action = Action::Fail;
+            options.message =
+                olaOff ? QStringLiteral("--ola-universe and --no-ola cannot be given together.")
+                       : QStringLiteral("'%1' is not an OLA universe number (0 to %2).")
+                             .arg(parser.value(olaUniverse))
+                             .arg(maxOlaUniverse);
+            return options;
+        }
+        options.olaUniverse = universe;
+    }
+    options.noOla = olaOff;
     if (parser.isSet(model)) {
         options.model = ConsoleChoice::fromModelName(parser.value(model));
         if (!options.model) {

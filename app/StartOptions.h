@@ -24,6 +24,10 @@ struct StartOptions
     std::optional<ConsoleChoice> model;
     // The help text (ShowHelp) or what is wrong (Fail).
     QString message;
+    // --ola-universe N: DMX output through OLA from universe N on; --no-ola:
+    // none. Either is remembered for later starts; unset keeps the last choice.
+    std::optional<int> olaUniverse;
+    bool noOla = false;
     // -platform was given: Qt is told where to draw.
     bool platformGiven = false;
     // --play: the show starts playing once the console is ready.
@@ -35,4 +39,6 @@ struct StartOptions
 
     // The process exit code for a start that ends before the program runs.
     static constexpr int badUsageExitCode = 2;
+    // OLA numbers universes with 32 bits; N + 1 must stay a valid number.
+    static constexpr int maxOlaUniverse = 0x7FFFFFFE;
 };

@@ -30,6 +30,8 @@ int main(int argc, char** argv)
 
     auto* app = new Lumidesk(argc, argv);
     app->setPlayOnStart(options.play);
+    if (options.noOla || options.olaUniverse)
+        Lumidesk::setOlaUniverse(options.noOla ? -1 : *options.olaUniverse);
     const int result = app->run(options.model);
     delete app;
     return result;

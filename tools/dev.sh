@@ -13,7 +13,7 @@ action=${1:-test}
 
 packages="cmake ninja-build g++ pkg-config qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
   qt6-l10n-tools libgl-dev libudev-dev libgcrypt20-dev libbenchmark-dev xvfb xauth
-  dpkg-dev file desktop-file-utils appstream"
+  dpkg-dev file desktop-file-utils appstream ola libola-dev"
 
 missing=""
 for p in $packages; do

@@ -30,6 +30,9 @@ void TestStartOptions::program_data()
     QTest::newRow("unknown model") << QStringList{"--model", "oak"} << 2 << "";
     QTest::newRow("stray argument") << QStringList{"show.asc"} << 2 << "";
     QTest::newRow("help") << QStringList{"--help"} << 0 << "";
+    QTest::newRow("ola universe not a number") << QStringList{"--ola-universe=x"} << 2 << "";
+    QTest::newRow("ola universe and no ola")
+        << QStringList{"--ola-universe", "1", "--no-ola"} << 2 << "";
 }
 
 // Rows with an exit code are also run: the program stops with it before any window.
