@@ -46,7 +46,7 @@ void blockBrokenPipeSignal()
 }
 } // namespace
 
-class OlaOutput::Sender
+class OlaOutput::Sender : public std::enable_shared_from_this<Sender>
 {
 public:
     using Frame = std::array<quint8, maxUniverses * levelsPerUniverse>;
@@ -57,20 +57,29 @@ public:
     {
     }
 
-    ~Sender()
-    {
-        {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            m_stopping = true;
-        }
-        m_wake.notify_one();
-        if (m_thread.joinable())
-            m_thread.join();
-    }
-
+    // The thread keeps its sender alive, so that one left behind by stop()
+    // still has its state when a blocked write finally returns.
     void start()
     {
-        m_thread = std::thread([this] { run(); });
+        m_thread = std::thread([self = shared_from_this()] { self->run(); });
+    }
+
+    // Tells the thread to end and waits up to grace for it; false when it
+    // did not end (a write to a hung daemon) and was left to end on its own.
+    // Either way it no longer reaches the owner.
+    bool stop(std::chrono::milliseconds grace)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_stopping = true;
+        m_owner = nullptr;
+        m_wake.notify_one();
+        const bool ended = m_ended.wait_for(lock, grace, [this] { return m_finished; });
+        lock.unlock();
+        if (ended)
+            m_thread.join();
+        else
+            m_thread.detach();
+        return ended;
     }
 
     // GUI thread: the newest levels replace any not yet sent.
@@ -113,6 +122,9 @@ private:
         }
         lock.unlock();
         m_client.reset();
+        lock.lock();
+        m_finished = true;
+        m_ended.notify_one();
     }
 
     Clock::time_point nextDue() const
@@ -246,13 +258,15 @@ private:
                      m_rpcPort, retryIntervalMs / 1000);
         }
         const bool connected = state == State::Connected;
-        OlaOutput* owner = m_owner;
-        QMetaObject::invokeMethod(
-            owner, [owner, connected] { owner->senderConnectedChanged(connected); },
-            Qt::QueuedConnection);
+        // Under the lock: stop() clears the owner before the owner goes.
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (OlaOutput* owner = m_owner)
+            QMetaObject::invokeMethod(
+                owner, [owner, connected] { owner->senderConnectedChanged(connected); },
+                Qt::QueuedConnection);
     }
 
-    OlaOutput* const m_owner;
+    OlaOutput* m_owner; // under m_mutex
     const unsigned m_firstUniverse;
     const int m_universeCount;
     const quint16 m_rpcPort;
@@ -263,6 +277,8 @@ private:
     Frame m_mailbox{};
     bool m_mailboxFull = false;
     bool m_stopping = false;
+    std::condition_variable m_ended;
+    bool m_finished = false;
 
     // The sender thread's own.
     std::unique_ptr<ola::client::StreamingClient> m_client;
@@ -282,7 +298,7 @@ OlaOutput::OlaOutput(Console* console, int firstUniverse, quint16 rpcPort, QObje
       m_firstUniverse(std::clamp(firstUniverse, 0, maxFirstUniverse)),
       m_universeCount(
           std::clamp(console->cache()->patchAddressCount() / levelsPerUniverse, 1, maxUniverses)),
-      m_sender(std::make_unique<Sender>(this, rpcPort))
+      m_sender(std::make_shared<Sender>(this, rpcPort))
 {
     connect(console, &Console::outputsUpdated, this, &OlaOutput::consoleCacheOutputsUpdated);
     // The stage as it is now goes out first, not only after the next change.
@@ -290,7 +306,11 @@ OlaOutput::OlaOutput(Console* console, int firstUniverse, quint16 rpcPort, QObje
     m_sender->start();
 }
 
-OlaOutput::~OlaOutput() = default;
+OlaOutput::~OlaOutput()
+{
+    if (!m_sender->stop(std::chrono::milliseconds(stopGraceMs)))
+        qWarning("OLA: olad does not answer; leaving without waiting for it");
+}
 
 void OlaOutput::consoleCacheOutputsUpdated()
 {

@@ -39,8 +39,11 @@ public:
     // olad answers on rpcPort (on the loopback interface).
     OlaOutput(Console* console, int firstUniverse, quint16 rpcPort = defaultRpcPort,
               QObject* parent = nullptr);
-    // Stops the sender thread and closes the connection.
+    // Stops the sender thread and closes the connection. A daemon that hangs
+    // (stopped, not gone) cannot hold the program up: after stopGraceMs the
+    // sender is left to end on its own.
     ~OlaOutput() override;
+    static constexpr int stopGraceMs = 2000;
 
     int firstUniverse() const { return m_firstUniverse; }
     // The console's output universes: 2 on Maple, 1 on the others.
@@ -63,5 +66,5 @@ private:
     int m_firstUniverse;
     int m_universeCount;
     bool m_connected = false;
-    std::unique_ptr<Sender> m_sender;
+    std::shared_ptr<Sender> m_sender;
 };
