@@ -265,6 +265,10 @@ void EditJournal::takeSnapshot()
 
 void EditJournal::notified(int code, int a, int b, int c)
 {
+    // The desktop's own reports moved the copy in reported(), before the
+    // engine saw them; reading the record again now would race its answer.
+    if (QThread::currentThread() == thread())
+        return;
     refresh(code, a, b, c);
 }
 

@@ -74,10 +74,11 @@ void TestEditJournal::edits_data()
         c->memoryChanged(Memory(0, 1));
     });
     row("24 memory cells at once", false, [](Console* c) {
-        for (int channel = 0; channel < 24; ++channel) {
+        // All cells first: the engine reads the memory at each report.
+        for (int channel = 0; channel < 24; ++channel)
             c->cache()->setMemoryChannelLevel(1, 2, channel, 10 + channel);
+        for (int channel = 0; channel < 24; ++channel)
             c->memoryChanged(Memory(1, 2));
-        }
     });
     row("memory name", false,
         [](Console* c) { c->cache()->setMemoryName(0, 1, 0, QStringLiteral("Intro")); });
