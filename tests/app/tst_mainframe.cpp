@@ -3,6 +3,7 @@
 #include "FakeEngine.h"
 #include "ModalAnswerer.h"
 
+#include "LumideskTestMain.h"
 #include "app/Lumidesk.h"
 #include "app/MainFrame.h"
 #include "console/Console.h"
@@ -111,16 +112,14 @@ MainFrame& TestMainFrame::makeFrame(Model model, QList<int> kinds, const QString
 
 void TestMainFrame::layout_data()
 {
-    QTest::addColumn<int>("width");
-    QTest::addColumn<QRect>("content");
+    addColumns<int, QRect>({"width", "content"});
     QTest::newRow("narrower than the views") << 1000 << QRect(0, 56, 1000, 744);
     QTest::newRow("wider: views centred") << 1600 << QRect(160, 56, 1280, 744);
 }
 
 void TestMainFrame::layout()
 {
-    QFETCH(int, width);
-    QFETCH(QRect, content);
+    auto [width, content] = fetch<int, QRect>({"width", "content"});
     MainFrame& window = makeFrame(ConsoleCache::ModelMaple);
     window.resize(width, 800);
     window.show();
@@ -143,9 +142,8 @@ void TestMainFrame::layout()
 
 void TestMainFrame::tabSetPerModel_data()
 {
-    QTest::addColumn<Model>("model");
-    QTest::addColumn<QList<int>>("registered"); // empty: every kind has a view
-    QTest::addColumn<QString>("strip");
+    // registered: empty: every kind has a view
+    addColumns<Model, QList<int>, QString>({"model", "registered", "strip"});
     const QList<int> all;
     QTest::newRow("alder") << ConsoleCache::ModelAlder << all << "1 4 6 7 10 11 12";
     QTest::newRow("birch") << ConsoleCache::ModelBirch << all << "1 4 6 7 10 11 12";
@@ -157,9 +155,8 @@ void TestMainFrame::tabSetPerModel_data()
 
 void TestMainFrame::tabSetPerModel()
 {
-    QFETCH(Model, model);
-    QFETCH(QList<int>, registered);
-    QFETCH(QString, strip);
+    auto [model, registered, strip] =
+        fetch<Model, QList<int>, QString>({"model", "registered", "strip"});
     MainFrame& window = makeFrame(model, registered);
     QStringList titles;
     for (int i = 0; i < window.tabStrip()->count(); ++i)
@@ -173,11 +170,9 @@ void TestMainFrame::tabSetPerModel()
 
 void TestMainFrame::consoleAsksForAView_data()
 {
-    QTest::addColumn<Model>("model");
-    QTest::addColumn<int>("currentBefore");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("currentAfter");
-    QTest::addColumn<QString>("handed"); // what the view was asked to show
+    // handed: what the view was asked to show
+    addColumns<Model, int, int, int, QString>(
+        {"model", "currentBefore", "type", "currentAfter", "handed"});
     // Alder tabs: 1 4 6 7 10 11 12; Maple: 1 3 4 6 7 2 8 9 10 11 12; fader 14 on page 5.
     const Model alder = ConsoleCache::ModelAlder;
     const Model maple = ConsoleCache::ModelMaple;
@@ -194,11 +189,8 @@ void TestMainFrame::consoleAsksForAView_data()
 
 void TestMainFrame::consoleAsksForAView()
 {
-    QFETCH(Model, model);
-    QFETCH(int, currentBefore);
-    QFETCH(int, type);
-    QFETCH(int, currentAfter);
-    QFETCH(QString, handed);
+    auto [model, currentBefore, type, currentAfter, handed] = fetch<Model, int, int, int, QString>(
+        {"model", "currentBefore", "type", "currentAfter", "handed"});
     MainFrame& window = makeFrame(model);
     engine->record()->faders[14].pageLoaded = 5;
     window.tabStrip()->setCurrentTab(currentBefore);
@@ -245,10 +237,9 @@ void TestMainFrame::consoleReportsReachTheWindow()
 
 void TestMainFrame::closeQuestion_data()
 {
-    QTest::addColumn<QString>("showFile");
-    QTest::addColumn<QList<ModalAnswerer::Answer>>("answers");
-    QTest::addColumn<bool>("closed");
-    QTest::addColumn<QString>("saved"); // saves made, and the name given to save as
+    // saved: saves made, and the name given to save as
+    addColumns<QString, QList<ModalAnswerer::Answer>, bool, QString>(
+        {"showFile", "answers", "closed", "saved"});
     const QString chosen = QDir::temp().filePath(QStringLiteral("Panto"));
     const QString none;
     using A = QList<ModalAnswerer::Answer>;
@@ -265,10 +256,9 @@ void TestMainFrame::closeQuestion_data()
 
 void TestMainFrame::closeQuestion()
 {
-    QFETCH(QString, showFile);
-    QFETCH(QList<ModalAnswerer::Answer>, answers);
-    QFETCH(bool, closed);
-    QFETCH(QString, saved);
+    auto [showFile, answers, closed, saved] =
+        fetch<QString, QList<ModalAnswerer::Answer>, bool, QString>(
+            {"showFile", "answers", "closed", "saved"});
 #ifdef __SANITIZE_THREAD__
     // Qt's file dialog reads the folder on a thread of its own inside the
     // uninstrumented Qt libraries, which the thread sanitizer reports as races.
@@ -288,10 +278,8 @@ void TestMainFrame::closeQuestion()
 
 void TestMainFrame::versionAndModeChecks_data()
 {
-    QTest::addColumn<Model>("model");
-    QTest::addColumn<QString>("consoleVersion"); // empty: the engine's own
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<QStringList>("messages");
+    // consoleVersion: empty: the engine's own
+    addColumns<Model, QString, int, QStringList>({"model", "consoleVersion", "mode", "messages"});
     const QString same;
     const QString version = QStringLiteral("Connection error: The console software version does not"
                                            " match the Lumidesk software version.\nPlease update"
@@ -308,10 +296,8 @@ void TestMainFrame::versionAndModeChecks_data()
 
 void TestMainFrame::versionAndModeChecks()
 {
-    QFETCH(Model, model);
-    QFETCH(QString, consoleVersion);
-    QFETCH(int, mode);
-    QFETCH(QStringList, messages);
+    auto [model, consoleVersion, mode, messages] =
+        fetch<Model, QString, int, QStringList>({"model", "consoleVersion", "mode", "messages"});
     ModalAnswerer answerer(
         {ModalAnswerer::press(QMessageBox::Ok), ModalAnswerer::press(QMessageBox::Ok)});
     MainFrame& window = makeFrame(model, {}, consoleVersion, mode);
@@ -327,11 +313,10 @@ void TestMainFrame::versionAndModeChecks()
 
 void TestMainFrame::editKeys_data()
 {
-    QTest::addColumn<QKeySequence>("keys");
-    QTest::addColumn<int>("before"); // 0 edited, 1 then undone, 2 then renamed by the console
-    QTest::addColumn<bool>("editorOpen");
-    QTest::addColumn<QString>("name"); // the group's name afterwards
-    QTest::addColumn<int>("undoCount");
+    // before: 0 edited, 1 then undone, 2 then renamed by the console
+    // name: the group's name afterwards
+    addColumns<QKeySequence, int, bool, QString, int>(
+        {"keys", "before", "editorOpen", "name", "undoCount"});
     const QKeySequence undo(QStringLiteral("Ctrl+Z"));
     QTest::newRow("Ctrl+Z undoes") << undo << 0 << false << QString() << 0;
     QTest::newRow("Ctrl+Shift+Z redoes")
@@ -344,11 +329,8 @@ void TestMainFrame::editKeys_data()
 
 void TestMainFrame::editKeys()
 {
-    QFETCH(QKeySequence, keys);
-    QFETCH(int, before);
-    QFETCH(bool, editorOpen);
-    QFETCH(QString, name);
-    QFETCH(int, undoCount);
+    auto [keys, before, editorOpen, name, undoCount] = fetch<QKeySequence, int, bool, QString, int>(
+        {"keys", "before", "editorOpen", "name", "undoCount"});
     MainFrame& window = makeFrame(ConsoleCache::ModelMaple, {MainFrame::GroupsTab});
     window.show();
     window.activateWindow();
@@ -375,11 +357,6 @@ void TestMainFrame::editKeys()
         QCOMPARE(editor->text(), QString());
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestMainFrame test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestMainFrame)
 
 #include "tst_mainframe.moc"

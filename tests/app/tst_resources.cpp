@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "DataRows.h"
 #include "MakeFont.h"
 #include "Resources.h"
 
@@ -23,10 +24,7 @@ private slots:
 
 void TestResources::pixelModes_data()
 {
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("alpha");
-    QTest::addColumn<QRgb>("source");
-    QTest::addColumn<QRgb>("expected");
+    addColumns<int, int, QRgb, QRgb>({"mode", "alpha", "source", "expected"});
     QTest::newRow("opaque") << 0 << 255 << qRgba(64, 200, 10, 128) << qRgba(64, 200, 10, 255);
     QTest::newRow("key: l 50 vanishes")
         << 1 << 255 << qRgba(50, 50, 50, 255) << qRgba(50, 50, 50, 0);
@@ -41,10 +39,8 @@ void TestResources::pixelModes_data()
 
 void TestResources::pixelModes()
 {
-    QFETCH(int, mode);
-    QFETCH(int, alpha);
-    QFETCH(QRgb, source);
-    QFETCH(QRgb, expected);
+    auto [mode, alpha, source, expected] =
+        fetch<int, int, QRgb, QRgb>({"mode", "alpha", "source", "expected"});
     QTemporaryDir folder;
     QImage image(1, 1, QImage::Format_ARGB32);
     image.setPixel(0, 0, source);
@@ -71,10 +67,8 @@ void TestResources::everyImageLoads()
 
 void TestResources::familiesResolveToCompiledInFonts_data()
 {
-    QTest::addColumn<QString>("family");
-    QTest::addColumn<QString>("resolved");
-    QTest::addColumn<double>("points");
-    QTest::addColumn<int>("pixels"); // points * 4 / 3, truncated
+    // pixels: points * 4 / 3, truncated
+    addColumns<QString, QString, double, int>({"family", "resolved", "points", "pixels"});
     QTest::newRow("Gill Sans MT") << "Gill Sans MT"
                                   << "Gillius ADF" << 12.0 << 16;
     QTest::newRow("Courier New") << "Courier New"
@@ -87,10 +81,8 @@ void TestResources::familiesResolveToCompiledInFonts_data()
 
 void TestResources::familiesResolveToCompiledInFonts()
 {
-    QFETCH(QString, family);
-    QFETCH(QString, resolved);
-    QFETCH(double, points);
-    QFETCH(int, pixels);
+    auto [family, resolved, points, pixels] =
+        fetch<QString, QString, double, int>({"family", "resolved", "points", "pixels"});
     static const int installed = installApplicationFonts();
     QCOMPARE(installed, 6);
     // Mapped, not left to whatever the machine falls back to.

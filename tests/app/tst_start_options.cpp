@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "DataRows.h"
 #include "EngineSession.h"
 #include "ShowStarter.h"
 #include "StartOptions.h"
@@ -19,9 +20,8 @@ private slots:
 
 void TestStartOptions::program_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("model"); // library and variant parsed; empty: none
+    // model: library and variant parsed; empty: none
+    addColumns<QStringList, int, QString>({"arguments", "exitCode", "model"});
     QTest::newRow("birch after -platform")
         << QStringList{"-platform", "offscreen", "--model", "birch"} << -1 << "glowEngine 1";
     QTest::newRow("cedar") << QStringList{"--model=cedar"} << -1 << "glowEngine 2";
@@ -38,9 +38,8 @@ void TestStartOptions::program_data()
 // Rows with an exit code are also run: the program stops with it before any window.
 void TestStartOptions::program()
 {
-    QFETCH(QStringList, arguments);
-    QFETCH(int, exitCode);
-    QFETCH(QString, model);
+    auto [arguments, exitCode, model] =
+        fetch<QStringList, int, QString>({"arguments", "exitCode", "model"});
     const StartOptions options = StartOptions::parse(QStringList{"lumidesk"} + arguments);
     const auto& chosen = options.model;
     QCOMPARE(chosen ? chosen->libraryName + ' ' + QString::number(chosen->modelVariant) : "",
@@ -59,8 +58,7 @@ void TestStartOptions::program()
 
 void TestStartOptions::showStarts_data()
 {
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<int>("variant");
+    addColumns<QString, int>({"library", "variant"});
     QTest::newRow("alder") << "glowEngine" << 0;
     QTest::newRow("cedar") << "glowEngine" << 2;
     QTest::newRow("maple") << "glowproEngine" << 0;
@@ -70,8 +68,7 @@ void TestStartOptions::showStarts_data()
 // live, and the output keeps moving (the demo chase loops).
 void TestStartOptions::showStarts()
 {
-    QFETCH(QString, library);
-    QFETCH(int, variant);
+    auto [library, variant] = fetch<QString, int>({"library", "variant"});
     EngineSession session(library, variant);
     QVERIFY(session.step());
     const ConsoleStateRecord* record = session.record();

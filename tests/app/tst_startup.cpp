@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Console.h"
 #include "ConsoleCache.h"
+#include "DataRows.h"
 #include "DeviceNotification.h"
 #include "InterfaceDialog.h"
 #include "Lumidesk.h"
@@ -51,9 +52,8 @@ private slots:
 
 void TestStartup::language_data()
 {
-    QTest::addColumn<QString>("setting");
-    QTest::addColumn<int>("engineIndex");
-    QTest::addColumn<QString>("language"); // code: "Critical error" in it
+    // language: code: "Critical error" in it
+    addColumns<QString, int, QString>({"setting", "engineIndex", "language"});
     QTest::newRow("no setting: English") << "" << 0 << "en: Critical error";
     QTest::newRow("de: compiled-in catalogue") << "de" << 2 << "de: Kritischer Fehler";
     QTest::newRow("it: the catalogue next to the program wins")
@@ -63,9 +63,8 @@ void TestStartup::language_data()
 
 void TestStartup::language()
 {
-    QFETCH(QString, setting);
-    QFETCH(int, engineIndex);
-    QFETCH(QString, language);
+    auto [setting, engineIndex, language] =
+        fetch<QString, int, QString>({"setting", "engineIndex", "language"});
     storeLanguage(setting);
     Lumidesk app(argc, argv);
     QCOMPARE(app.language() + ": " + Lumidesk::translate("Lumidesk", "Critical error"), language);
@@ -74,8 +73,7 @@ void TestStartup::language()
 
 void TestStartup::modelOption_data()
 {
-    QTest::addColumn<QString>("model");
-    QTest::addColumn<int>("consoleType");
+    addColumns<QString, int>({"model", "consoleType"});
     QTest::newRow("alder") << "alder" << int(ConsoleCache::ModelAlder);
     QTest::newRow("birch") << "birch" << int(ConsoleCache::ModelBirch);
     QTest::newRow("cedar") << "cedar" << int(ConsoleCache::ModelCedar);
@@ -85,8 +83,7 @@ void TestStartup::modelOption_data()
 // Each model starts, hears that the console was unplugged, and is torn down.
 void TestStartup::modelOption()
 {
-    QFETCH(QString, model);
-    QFETCH(int, consoleType);
+    auto [model, consoleType] = fetch<QString, int>({"model", "consoleType"});
     const bool canWatch =
         DeviceNotification([] {}).registerDeviceNotification(0, Lumidesk::consoleInterfaceClass());
     Lumidesk app(argc, argv);
@@ -124,9 +121,7 @@ void TestStartup::modelOption()
 
 void TestStartup::loadFailure_data()
 {
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<QByteArray>("consoleVersion");
-    QTest::addColumn<QString>("message");
+    addColumns<QString, QByteArray, QString>({"library", "consoleVersion", "message"});
     QTest::newRow("missing engine library")
         << "noSuchEngineLibrary" << QByteArray()
         << "Critical error: Lumidesk failed to load the console selected!";
@@ -138,9 +133,8 @@ void TestStartup::loadFailure_data()
 
 void TestStartup::loadFailure()
 {
-    QFETCH(QString, library);
-    QFETCH(QByteArray, consoleVersion);
-    QFETCH(QString, message);
+    auto [library, consoleVersion, message] =
+        fetch<QString, QByteArray, QString>({"library", "consoleVersion", "message"});
     if (!consoleVersion.isEmpty())
         qputenv("LUMIDESK_ENGINE_CONSOLE_VERSION", consoleVersion);
     Lumidesk app(argc, argv);
@@ -152,10 +146,9 @@ void TestStartup::loadFailure()
 
 void TestStartup::dialogChoice_data()
 {
-    QTest::addColumn<QList<HidDeviceInfo>>("devices");
-    QTest::addColumn<QString>("button"); // empty: the dialog must not show
-    QTest::addColumn<int>("variant");
-    QTest::addColumn<QString>("library");
+    // button: empty: the dialog must not show
+    addColumns<QList<HidDeviceInfo>, QString, int, QString>(
+        {"devices", "button", "variant", "library"});
     const QList<HidDeviceInfo> none;
     QTest::newRow("Birch") << none << "glowcraftBirchPushButton" << 1 << "glowEngine";
     QTest::newRow("Maple") << none << "glowcraftMaplePushButton" << 0 << "glowproEngine";
@@ -168,10 +161,8 @@ void TestStartup::dialogChoice_data()
 
 void TestStartup::dialogChoice()
 {
-    QFETCH(QList<HidDeviceInfo>, devices);
-    QFETCH(QString, button);
-    QFETCH(int, variant);
-    QFETCH(QString, library);
+    auto [devices, button, variant, library] = fetch<QList<HidDeviceInfo>, QString, int, QString>(
+        {"devices", "button", "variant", "library"});
     Lumidesk app(argc, argv);
     InterfaceDialog dialog(nullptr, [devices] { return devices; });
     ModalAnswerer answerer({ModalAnswerer::click(button)});

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "DataRows.h"
 #include "DeviceNotification.h"
 #include "ScanHidDevices.h"
 
@@ -20,8 +21,7 @@ private slots:
 
 void TestUsbDetection::selection_data()
 {
-    QTest::addColumn<QList<HidDeviceInfo>>("devices");
-    QTest::addColumn<QString>("library");
+    addColumns<QList<HidDeviceInfo>, QString>({"devices", "library"});
     const auto device = [](quint16 vendor, quint16 product) {
         return HidDeviceInfo{QStringLiteral("/dev/hidraw0"), vendor, product, 0x0100};
     };
@@ -36,16 +36,13 @@ void TestUsbDetection::selection_data()
 
 void TestUsbDetection::selection()
 {
-    QFETCH(QList<HidDeviceInfo>, devices);
-    QFETCH(QString, library);
+    auto [devices, library] = fetch<QList<HidDeviceInfo>, QString>({"devices", "library"});
     QCOMPARE(selectConsoleLibrary(devices), library);
 }
 
 void TestUsbDetection::removal_data()
 {
-    QTest::addColumn<QByteArray>("action");
-    QTest::addColumn<QByteArray>("hidId");
-    QTest::addColumn<bool>("console");
+    addColumns<QByteArray, QByteArray, bool>({"action", "hidId", "console"});
     const QByteArray id = "0003:" + QByteArray::number(consoleVendorId, 16).rightJustified(8, '0');
     QTest::newRow("glow console removed") << QByteArray("remove") << id + ":00000200" << true;
     QTest::newRow("pro console, upper-case hex")
@@ -57,9 +54,8 @@ void TestUsbDetection::removal_data()
 
 void TestUsbDetection::removal()
 {
-    QFETCH(QByteArray, action);
-    QFETCH(QByteArray, hidId);
-    QFETCH(bool, console);
+    auto [action, hidId, console] =
+        fetch<QByteArray, QByteArray, bool>({"action", "hidId", "console"});
     QCOMPARE(DeviceNotification::isConsoleRemoval(action, hidId), console);
 }
 

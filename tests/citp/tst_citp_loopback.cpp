@@ -5,6 +5,7 @@
 #include "console/ConsoleCodes.h"
 #include "tools/citp-peer/CitpPeer.h"
 
+#include "DataRows.h"
 #include "FakeEngine.h"
 
 #include <QNetworkInterface>
@@ -232,9 +233,8 @@ void TestCitpLoopback::sendThenMarker(const QByteArray& datagram, quint16 port)
 
 void TestCitpLoopback::discovery_data()
 {
-    QTest::addColumn<QString>("via");
-    QTest::addColumn<QByteArray>("datagram");
-    QTest::addColumn<QString>("peer"); // "" when it is to be ignored
+    // peer: "" when it is to be ignored
+    addColumns<QString, QByteArray, QString>({"via", "datagram", "peer"});
     Message other;
     other.init(QStringLiteral("MSEX"), QByteArray("VSrc"));
 
@@ -254,9 +254,7 @@ void TestCitpLoopback::discovery_data()
 
 void TestCitpLoopback::discovery()
 {
-    QFETCH(QString, via);
-    QFETCH(QByteArray, datagram);
-    QFETCH(QString, peer);
+    auto [via, datagram, peer] = fetch<QString, QByteArray, QString>({"via", "datagram", "peer"});
     const QHostAddress group(via);
     if (!group.isNull() && manager()->joinedGroups() == 0)
         QSKIP("No multicast membership could be taken on the loopback interface here.");
@@ -329,8 +327,8 @@ bool TestCitpLoopback::openSession(Recorder& recorder)
 
 void TestCitpLoopback::sessionEnds_data()
 {
-    QTest::addColumn<QByteArray>("lastBytes"); // "": nobody listens
-    QTest::addColumn<QStringList>("events");
+    // lastBytes: "": nobody listens
+    addColumns<QByteArray, QStringList>({"lastBytes", "events"});
     QByteArray badSize = pnam(QStringLiteral("x"));
     badSize[8] = 19;
     // Both messages of one read come in one call, before the queued ticks.
@@ -460,8 +458,7 @@ void TestCitpLoopback::greetingStopAndStartWithoutCipher()
 
 void TestCitpLoopback::outputChangeSendsBothUniversesEnciphered_data()
 {
-    QTest::addColumn<int>("code");
-    QTest::addColumn<bool>("fromEngineThread");
+    addColumns<int, bool>({"code", "fromEngineThread"});
     QTest::newRow("outputs changed (13)") << ConsoleCode::OutputsChanged << false;
     QTest::newRow("output levels changed (16)") << ConsoleCode::OutputLevelsChanged << false;
     QTest::newRow("notified on the engine's thread") << ConsoleCode::OutputLevelsChanged << true;
@@ -469,8 +466,7 @@ void TestCitpLoopback::outputChangeSendsBothUniversesEnciphered_data()
 
 void TestCitpLoopback::outputChangeSendsBothUniversesEnciphered()
 {
-    QFETCH(int, code);
-    QFETCH(bool, fromEngineThread);
+    auto [code, fromEngineThread] = fetch<int, bool>({"code", "fromEngineThread"});
     auto peer = establishedPeer();
     auto second = establishedPeer(QStringLiteral("second"));
     QVERIFY(peer && second);
@@ -488,8 +484,7 @@ void TestCitpLoopback::outputChangeSendsBothUniversesEnciphered()
 
 void TestCitpLoopback::selectionOut_data()
 {
-    QTest::addColumn<QList<DeviceSet>>("steps");
-    QTest::addColumn<QStringList>("sent");
+    addColumns<QList<DeviceSet>, QStringList>({"steps", "sent"});
 
     QTest::newRow("select 3 and 5, then none")
         << QList<DeviceSet>{{3, 5}, {}}
@@ -501,8 +496,7 @@ void TestCitpLoopback::selectionOut_data()
 
 void TestCitpLoopback::selectionOut()
 {
-    QFETCH(QList<DeviceSet>, steps);
-    QFETCH(QStringList, sent);
+    auto [steps, sent] = fetch<QList<DeviceSet>, QStringList>({"steps", "sent"});
     auto peer = establishedPeer();
     QVERIFY(peer);
     for (const DeviceSet& step : steps)
@@ -515,9 +509,7 @@ void TestCitpLoopback::selectionOut()
 
 void TestCitpLoopback::selectionIn_data()
 {
-    QTest::addColumn<DeviceSet>("before");
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<DeviceSet>("after");
+    addColumns<DeviceSet, QString, DeviceSet>({"before", "command", "after"});
 
     QTest::newRow("Sele adding device 7") << DeviceSet{3} << "sele add 7" << DeviceSet{3, 7};
     QTest::newRow("complete Sele replaces the selection")
@@ -542,8 +534,7 @@ void TestCitpLoopback::selectionIn_data()
 
 void TestCitpLoopback::selectionIn()
 {
-    QFETCH(DeviceSet, before);
-    QFETCH(QString, command);
+    auto [before, command] = fetch<DeviceSet, QString>({"before", "command"});
     auto peer = establishedPeer();
     QVERIFY(peer);
     select(before);
@@ -564,8 +555,8 @@ void TestCitpLoopback::selectionIn()
 
 void TestCitpLoopback::everyLevelOfAPeerReachesTheEngine_data()
 {
-    QTest::addColumn<QStringList>("commands");
-    QTest::addColumn<int>("writes"); // entries the engine takes in all
+    // writes: entries the engine takes in all
+    addColumns<QStringList, int>({"commands", "writes"});
     const auto block = [](int universe, int seed) {
         QStringList levels;
         for (int i = 0; i < 512; ++i)
@@ -584,8 +575,7 @@ void TestCitpLoopback::everyLevelOfAPeerReachesTheEngine_data()
 
 void TestCitpLoopback::everyLevelOfAPeerReachesTheEngine()
 {
-    QFETCH(QStringList, commands);
-    QFETCH(int, writes);
+    auto [commands, writes] = fetch<QStringList, int>({"commands", "writes"});
     auto peer = establishedPeer();
     QVERIFY(peer);
     QMap<int, int> sent; // address: the level last sent, within the two universes

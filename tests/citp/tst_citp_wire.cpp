@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "DataRows.h"
 #include "citp/Blowfish.h"
 #include "citp/Message.h"
 #include "citp/SessionKey.h"
@@ -113,8 +114,7 @@ private slots:
 
 void TestCitpWire::builtBytes_data()
 {
-    QTest::addColumn<Message>("message");
-    QTest::addColumn<QByteArray>("expected");
+    addColumns<Message, QByteArray>({"message", "expected"});
 
     Message m;
     m.initPNam(QString());
@@ -147,8 +147,7 @@ void TestCitpWire::builtBytes_data()
 
 void TestCitpWire::builtBytes()
 {
-    QFETCH(Message, message);
-    QFETCH(QByteArray, expected);
+    auto [message, expected] = fetch<Message, QByteArray>({"message", "expected"});
     QCOMPARE(message.toByteArray().toHex(' '), expected.toHex(' '));
     Message back;
     QVERIFY(back.parse(message.toByteArray()));
@@ -158,8 +157,7 @@ void TestCitpWire::builtBytes()
 
 void TestCitpWire::parseRejects_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<bool>("accepted");
+    addColumns<QByteArray, bool>({"bytes", "accepted"});
 
     const QByteArray valid = header("PINF", 0);
     QTest::newRow("a bare header is a message") << valid << true;
@@ -182,10 +180,8 @@ void TestCitpWire::parseRejects()
 
 void TestCitpWire::parsers_data()
 {
-    QTest::addColumn<QByteArray>("layer");
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<QString>("codes"); // PINF, SDMX and FSEL content codes
-    QTest::addColumn<QString>("result");
+    // codes: PINF, SDMX and FSEL content codes
+    addColumns<QByteArray, QByteArray, QString, QString>({"layer", "payload", "codes", "result"});
 
     const auto row = [](const char* name, const char* layer, const QByteArray& payload,
                         const char* codes, const QString& result) {
@@ -221,8 +217,7 @@ void TestCitpWire::parsers_data()
 
 void TestCitpWire::parsers()
 {
-    QFETCH(QByteArray, layer);
-    QFETCH(QByteArray, payload);
+    auto [layer, payload] = fetch<QByteArray, QByteArray>({"layer", "payload"});
     Message message;
     QVERIFY(message.parse(header(layer.constData(), quint32(payload.size())) + payload));
     QCOMPARE(message.layerType(), QString::fromLatin1(layer));
@@ -232,8 +227,7 @@ void TestCitpWire::parsers()
 
 void TestCitpWire::framing_data()
 {
-    QTest::addColumn<QList<QByteArray>>("reads");
-    QTest::addColumn<QString>("delivered");
+    addColumns<QList<QByteArray>, QString>({"reads", "delivered"});
 
     const QByteArray a = pnam(QStringLiteral("A"));
     const QByteArray b = pnam(QStringLiteral("Bee"));
@@ -270,10 +264,9 @@ void TestCitpWire::framing()
 
 void TestCitpWire::blowfish_data()
 {
-    QTest::addColumn<QByteArray>("key");
-    QTest::addColumn<bool>("littleEndian"); // each 4-byte half stored little-endian
-    QTest::addColumn<QByteArray>("plain");
-    QTest::addColumn<QByteArray>("cipher");
+    // littleEndian: each 4-byte half stored little-endian
+    addColumns<QByteArray, bool, QByteArray, QByteArray>(
+        {"key", "littleEndian", "plain", "cipher"});
 
     // Eric Young's ECB vectors and libgcrypt's 448-bit key test.
     QTest::newRow("56-byte key")
@@ -288,9 +281,8 @@ void TestCitpWire::blowfish_data()
 
 void TestCitpWire::blowfish()
 {
-    QFETCH(QByteArray, key);
-    QFETCH(bool, littleEndian);
-    QFETCH(QByteArray, plain);
+    auto [key, littleEndian, plain] =
+        fetch<QByteArray, bool, QByteArray>({"key", "littleEndian", "plain"});
     const CITP::Blowfish blowfish(key);
     QByteArray block = plain;
     auto* data = reinterpret_cast<unsigned char*>(block.data());
@@ -302,9 +294,7 @@ void TestCitpWire::blowfish()
 
 void TestCitpWire::keys_data()
 {
-    QTest::addColumn<QByteArray>("key");
-    QTest::addColumn<bool>("valid");
-    QTest::addColumn<bool>("weak");
+    addColumns<QByteArray, bool, bool>({"key", "valid", "weak"});
 
     QTest::newRow("the 56-byte session key, not weak")
         << QByteArray(reinterpret_cast<const char*>(CITP::sessionKey.data()), 56) << true << false;
@@ -317,8 +307,7 @@ void TestCitpWire::keys_data()
 
 void TestCitpWire::keys()
 {
-    QFETCH(QByteArray, key);
-    QFETCH(bool, valid);
+    auto [key, valid] = fetch<QByteArray, bool>({"key", "valid"});
     if (!valid)
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot be used"));
     const CITP::Blowfish blowfish(key);

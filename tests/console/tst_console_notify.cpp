@@ -4,6 +4,7 @@
 // GUI thread (run under the thread sanitizer too) and loading the engine.
 #include "Console.h"
 #include "ConsoleCodes.h"
+#include "DataRows.h"
 #include "FakeEngine.h"
 #include "SignalRecorder.h"
 
@@ -114,10 +115,7 @@ void TestConsoleNotify::cleanup()
 
 void TestConsoleNotify::notificationTable_data()
 {
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("a");
-    QTest::addColumn<QStringList>("emitted");
-    QTest::addColumn<bool>("runsHooks");
+    addColumns<int, int, QStringList, bool>({"code", "a", "emitted", "runsHooks"});
 
     const auto row = [](const char* name, int code, int a, QString signal, bool hooks = true) {
         QTest::newRow(name) << code << a << (signal.isEmpty() ? QStringList() : QStringList{signal})
@@ -161,10 +159,8 @@ void TestConsoleNotify::notificationTable_data()
 
 void TestConsoleNotify::notificationTable()
 {
-    QFETCH(int, code);
-    QFETCH(int, a);
-    QFETCH(QStringList, emitted);
-    QFETCH(bool, runsHooks);
+    auto [code, a, emitted, runsHooks] =
+        fetch<int, int, QStringList, bool>({"code", "a", "emitted", "runsHooks"});
 
     m_console->appendHook(new ProbeHook(&m_log, "hook", code));
     SignalRecorder recorder(m_console);
@@ -240,12 +236,8 @@ void TestConsoleNotify::hookPass()
 
 void TestConsoleNotify::insertStep_data()
 {
-    QTest::addColumn<int>("page");
-    QTest::addColumn<int>("fader");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<bool>("engineInserts");
-    QTest::addColumn<Call>("notification");
-    QTest::addColumn<bool>("filled");
+    addColumns<int, int, int, bool, Call, bool>(
+        {"page", "fader", "count", "engineInserts", "notification", "filled"});
 
     QTest::newRow("sequence, 2 for it") << 3 << 7 << 5 << true << Call{2, 3, 7, 0} << true;
     QTest::newRow("sequence, 2 for another fader")
@@ -262,12 +254,9 @@ void TestConsoleNotify::insertStep_data()
 
 void TestConsoleNotify::insertStep()
 {
-    QFETCH(int, page);
-    QFETCH(int, fader);
-    QFETCH(int, count);
-    QFETCH(bool, engineInserts);
-    QFETCH(Call, notification);
-    QFETCH(bool, filled);
+    auto [page, fader, count, engineInserts, notification, filled] =
+        fetch<int, int, int, bool, Call, bool>(
+            {"page", "fader", "count", "engineInserts", "notification", "filled"});
 
     ConsoleCache* cache = m_console->cache();
     const bool stack = page == -1;
@@ -311,10 +300,7 @@ void TestConsoleNotify::insertStep()
 
 void TestConsoleNotify::changeReports_data()
 {
-    QTest::addColumn<Action>("report");
-    QTest::addColumn<Call>("update");
-    QTest::addColumn<QString>("signal");
-    QTest::addColumn<bool>("runsHooks");
+    addColumns<Action, Call, QString, bool>({"report", "update", "signal", "runsHooks"});
     const auto row = [](const char* name, Call update, QString signal, bool hooks, Action report) {
         QTest::newRow(name) << report << update << signal << hooks;
     };
@@ -359,10 +345,8 @@ void TestConsoleNotify::changeReports_data()
 
 void TestConsoleNotify::changeReports()
 {
-    QFETCH(Action, report);
-    QFETCH(Call, update);
-    QFETCH(QString, signal);
-    QFETCH(bool, runsHooks);
+    auto [report, update, signal, runsHooks] =
+        fetch<Action, Call, QString, bool>({"report", "update", "signal", "runsHooks"});
 
     m_console->appendHook(new ProbeHook(&m_log, "hook", update.code));
     SignalRecorder recorder(m_console);
@@ -425,10 +409,9 @@ void TestConsoleNotify::cachesReadWhileTheEngineRebuilds()
 
 void TestConsoleNotify::load_data()
 {
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<int>("variant");
-    QTest::addColumn<QByteArray>("consoleVersion"); // what the console reports, if not the engine's
-    QTest::addColumn<int>("type");                  // or the load error
+    // consoleVersion: what the console reports, if not the engine's
+    // type: or the load error
+    addColumns<QString, int, QByteArray, int>({"library", "variant", "consoleVersion", "type"});
     QTest::newRow("Alder") << "glowEngine" << 0 << QByteArray() << int(ConsoleCache::ModelAlder);
     QTest::newRow("Birch") << "glowEngine" << 1 << QByteArray() << int(ConsoleCache::ModelBirch);
     QTest::newRow("Cedar") << "glowEngine" << 2 << QByteArray() << int(ConsoleCache::ModelCedar);
@@ -445,10 +428,8 @@ void TestConsoleNotify::load_data()
 
 void TestConsoleNotify::load()
 {
-    QFETCH(QString, library);
-    QFETCH(int, variant);
-    QFETCH(QByteArray, consoleVersion);
-    QFETCH(int, type);
+    auto [library, variant, consoleVersion, type] =
+        fetch<QString, int, QByteArray, int>({"library", "variant", "consoleVersion", "type"});
     QTest::ignoreMessage(QtDebugMsg, qPrintable(QStringLiteral("Library name: ") + library));
     if (library.contains(QLatin1String("NoSuch")))
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression(library));
@@ -470,9 +451,8 @@ void TestConsoleNotify::load()
 
 void TestConsoleNotify::handshake_data()
 {
-    QTest::addColumn<int>("versionChecks"); // until ready; 0: ready when started
-    QTest::addColumn<QString>("consoleVersion");
-    QTest::addColumn<bool>("loads");
+    // versionChecks: until ready; 0: ready when started
+    addColumns<int, QString, bool>({"versionChecks", "consoleVersion", "loads"});
     QTest::newRow("ready when started") << 0 << "1.0" << true;
     QTest::newRow("ready after three polls") << 3 << "1.0" << true;
     QTest::newRow("another console version") << 3 << "0.9" << false;
@@ -480,9 +460,8 @@ void TestConsoleNotify::handshake_data()
 
 void TestConsoleNotify::handshake()
 {
-    QFETCH(int, versionChecks);
-    QFETCH(QString, consoleVersion);
-    QFETCH(bool, loads);
+    auto [versionChecks, consoleVersion, loads] =
+        fetch<int, QString, bool>({"versionChecks", "consoleVersion", "loads"});
     FakeEngine engine;
     engine.setConsoleVersion(consoleVersion);
     engine.setReadyAfterVersionChecks(versionChecks);

@@ -4,6 +4,7 @@
 // engine's area; the caches derived from the patch.
 #include "Console.h"
 #include "ConsoleCodes.h"
+#include "DataRows.h"
 #include "FakeEngine.h"
 
 #include <QTest>
@@ -94,9 +95,7 @@ void TestConsoleRecord::cleanup()
 
 void TestConsoleRecord::reads_data()
 {
-    QTest::addColumn<int>("model");
-    QTest::addColumn<Reader>("read");
-    QTest::addColumn<QString>("expected");
+    addColumns<int, Reader, QString>({"model", "read", "expected"});
     const auto row = [](const char* name, QString expected, Reader read) {
         QTest::newRow(name) << maple << read << expected;
     };
@@ -261,9 +260,7 @@ void TestConsoleRecord::reads_data()
 
 void TestConsoleRecord::reads()
 {
-    QFETCH(int, model);
-    QFETCH(Reader, read);
-    QFETCH(QString, expected);
+    auto [model, read, expected] = fetch<int, Reader, QString>({"model", "read", "expected"});
     m_engine->setupModel(ConsoleCache::ConsoleType(model));
     m_engine->notify(ConsoleCode::Ready);
     QCOMPARE(read(*m_engine->record(), *m_console->cache()).toString(), expected);
@@ -271,9 +268,8 @@ void TestConsoleRecord::reads()
 
 void TestConsoleRecord::edits_data()
 {
-    QTest::addColumn<Reader>("edit"); // edits, then gives the bytes it changed
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<QList<Call>>("updates");
+    // edit: edits, then gives the bytes it changed
+    addColumns<Reader, QString, QList<Call>>({"edit", "expected", "updates"});
     const auto row = [](const char* name, QString expected, QList<Call> updates, Reader edit) {
         QTest::newRow(name) << edit << expected << updates;
     };
@@ -353,9 +349,8 @@ void TestConsoleRecord::edits_data()
 
 void TestConsoleRecord::edits()
 {
-    QFETCH(Reader, edit);
-    QFETCH(QString, expected);
-    QFETCH(QList<Call>, updates);
+    auto [edit, expected, updates] =
+        fetch<Reader, QString, QList<Call>>({"edit", "expected", "updates"});
     QCOMPARE(edit(*m_engine->record(), *m_console->cache()).toString(), expected);
     QCOMPARE(m_engine->updates(), updates);
 }
@@ -363,10 +358,8 @@ void TestConsoleRecord::edits()
 void TestConsoleRecord::areaTexts_data()
 {
     // Slot values as the engine could leave them; -1 keeps the engine's.
-    QTest::addColumn<qint64>("slot");
-    QTest::addColumn<quint32>("length"); // written at the slot when inside
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("personalities");
+    // length: written at the slot when inside
+    addColumns<qint64, quint32, QString, int>({"slot", "length", "text", "personalities"});
 
     constexpr qint64 begin = RecordArea::begin, end = RecordArea::end;
     QTest::newRow("as written") << qint64(-1) << 0u << "C:/Shows/Hamlet.asc" << 2;
@@ -379,10 +372,8 @@ void TestConsoleRecord::areaTexts_data()
 
 void TestConsoleRecord::areaTexts()
 {
-    QFETCH(qint64, slot);
-    QFETCH(quint32, length);
-    QFETCH(QString, text);
-    QFETCH(int, personalities);
+    auto [slot, length, text, personalities] =
+        fetch<qint64, quint32, QString, int>({"slot", "length", "text", "personalities"});
 
     m_engine->setShowFileName(QStringLiteral("C:/Shows/Hamlet.asc"));
     m_engine->setPersonalities({{3, 16, QStringLiteral("Maker"), QStringLiteral("Spot")},
@@ -407,10 +398,10 @@ void TestConsoleRecord::areaTexts()
 
 void TestConsoleRecord::patchCaches_data()
 {
-    QTest::addColumn<int>("model");
-    QTest::addColumn<Pairs>("devices");  // (first address + 1, footprint) by device
-    QTest::addColumn<Pairs>("patch");    // (address, entry)
-    QTest::addColumn<QString>("caches"); // address=flags/device, channel=flags, independent
+    // devices: (first address + 1, footprint) by device
+    // patch: (address, entry)
+    // caches: address=flags/device, channel=flags, independent
+    addColumns<int, Pairs, Pairs, QString>({"model", "devices", "patch", "caches"});
 
     const int alder = ConsoleCache::ModelAlder, birch = ConsoleCache::ModelBirch;
     const int maple = ConsoleCache::ModelMaple;
@@ -429,10 +420,8 @@ void TestConsoleRecord::patchCaches_data()
 
 void TestConsoleRecord::patchCaches()
 {
-    QFETCH(int, model);
-    QFETCH(Pairs, devices);
-    QFETCH(Pairs, patch);
-    QFETCH(QString, caches);
+    auto [model, devices, patch, caches] =
+        fetch<int, Pairs, Pairs, QString>({"model", "devices", "patch", "caches"});
 
     m_engine->setupModel(ConsoleCache::ConsoleType(model));
     m_engine->notify(ConsoleCode::Ready);

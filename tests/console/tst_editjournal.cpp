@@ -2,6 +2,7 @@
 #include "EngineSession.h"
 #include "FakeEngine.h"
 
+#include "DataRows.h"
 #include "console/Console.h"
 #include "console/ConsoleCodes.h"
 
@@ -48,8 +49,8 @@ private:
 
 void TestEditJournal::edits_data()
 {
-    QTest::addColumn<EditAction>("edit");
-    QTest::addColumn<bool>("byEngine"); // an engine command: needs the simulated console
+    // byEngine: an engine command: needs the simulated console
+    addColumns<EditAction, bool>({"edit", "byEngine"});
     const auto row = [](const char* name, bool byEngine, EditAction edit) {
         QTest::newRow(name) << edit << byEngine;
     };
@@ -143,8 +144,7 @@ void TestEditJournal::undoRestoresTheConsole()
 
 void TestEditJournal::undoRepeatsTheReports()
 {
-    QFETCH(EditAction, edit);
-    QFETCH(bool, byEngine);
+    auto [edit, byEngine] = fetch<EditAction, bool>({"edit", "byEngine"});
     if (byEngine)
         QSKIP("engine commands are checked on the simulated console");
     FakeEngine engine(ConsoleCache::ModelMaple);

@@ -2,6 +2,7 @@
 #include "Olad.h"
 #include "dmxout/OlaOutput.h"
 
+#include "DataRows.h"
 #include "EngineSession.h"
 
 #include <QElapsedTimer>
@@ -19,9 +20,8 @@ private slots:
 
 void TestOlaOutput::levelsArrive_data()
 {
-    QTest::addColumn<int>("universes"); // 1: Alder, 2: Maple
-    QTest::addColumn<int>("changes");
-    QTest::addColumn<QString>("olad");
+    // universes: 1: Alder, 2: Maple
+    addColumns<int, int, QString>({"universes", "changes", "olad"});
     QTest::newRow("alder: its universe") << 1 << 2 << "running";
     QTest::newRow("maple: both universes") << 2 << 2 << "running";
     QTest::newRow("burst of 1000 changes") << 2 << 1000 << "running";
@@ -34,9 +34,7 @@ void TestOlaOutput::levelsArrive_data()
 // Universes without an output port in olad are named in a warning.
 void TestOlaOutput::levelsArrive()
 {
-    QFETCH(int, universes);
-    QFETCH(int, changes);
-    QFETCH(QString, olad);
+    auto [universes, changes, olad] = fetch<int, int, QString>({"universes", "changes", "olad"});
     Olad daemon;
     if (const QString problem = daemon.start(); !problem.isEmpty())
         QSKIP(qPrintable(problem));
@@ -80,4 +78,5 @@ void TestOlaOutput::levelsArrive()
 }
 
 QTEST_GUILESS_MAIN(TestOlaOutput)
+#include "DataRows.h"
 #include "tst_ola_output.moc"

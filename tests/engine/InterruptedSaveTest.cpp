@@ -2,6 +2,7 @@
 // A show save stopped at any of its writes, by a killed process or a failing
 // write, leaves the file holding the old show or the new one, whole.
 #include "ConsoleEngine.h"
+#include "DataRows.h"
 #include "EngineSession.h"
 #include "ShowFile.h"
 
@@ -48,10 +49,7 @@ class InterruptedSaveTest : public QObject
 private slots:
     void savedFileIsOldOrNewShow_data()
     {
-        QTest::addColumn<QString>("library");
-        QTest::addColumn<int>("variant");
-        QTest::addColumn<int>("model");
-        QTest::addColumn<bool>("killed");
+        addColumns<QString, int, int, bool>({"library", "variant", "model", "killed"});
         const char* names[] = {"Alder", "Birch", "Cedar", "Maple"};
         for (int model = 0; model < 4; ++model) {
             const QString library = model < 3 ? "glowEngine" : "glowproEngine";
@@ -63,10 +61,8 @@ private slots:
 
     void savedFileIsOldOrNewShow()
     {
-        QFETCH(QString, library);
-        QFETCH(int, variant);
-        QFETCH(int, model);
-        QFETCH(bool, killed);
+        auto [library, variant, model, killed] =
+            fetch<QString, int, int, bool>({"library", "variant", "model", "killed"});
         QTemporaryDir dir;
         const QString target = dir.filePath("show.asc");
         const QString source = dir.filePath("edited.asc");

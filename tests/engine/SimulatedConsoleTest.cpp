@@ -3,6 +3,7 @@
 // through Console, panel events and the show operations, observed in the
 // record and the signals.
 #include "ConsoleEngine.h"
+#include "DataRows.h"
 #include "EngineSession.h"
 #include "EngineTestCodes.h"
 #include "PanelKey.h"
@@ -178,8 +179,7 @@ void SimulatedConsoleTest::init()
 
 void SimulatedConsoleTest::factoryAnswersOnlyVersionFive_data()
 {
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<int>("version");
+    addColumns<QString, int>({"library", "version"});
     for (const char* library : {"glowEngine", "glowproEngine"}) {
         for (int version : {5, 4, 6})
             QTest::addRow("%s version %d", library, version) << library << version;
@@ -188,8 +188,7 @@ void SimulatedConsoleTest::factoryAnswersOnlyVersionFive_data()
 
 void SimulatedConsoleTest::factoryAnswersOnlyVersionFive()
 {
-    QFETCH(QString, library);
-    QFETCH(int, version);
+    auto [library, version] = fetch<QString, int>({"library", "version"});
     QLibrary lib(library);
     auto getConsole = reinterpret_cast<GetConsoleFunction>(lib.resolve("getConsole"));
     QVERIFY2(getConsole, qPrintable(lib.errorString()));
@@ -204,9 +203,8 @@ void SimulatedConsoleTest::factoryAnswersOnlyVersionFive()
 
 void SimulatedConsoleTest::startLaysOutTheModel_data()
 {
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<int>("variant");
-    QTest::addColumn<QString>("layout"); // channels, faders, devices, addresses
+    // layout: channels, faders, devices, addresses
+    addColumns<QString, int, QString>({"library", "variant", "layout"});
     QTest::newRow("Alder") << "glowEngine" << 0 << "48 24 0 512";
     QTest::newRow("Birch") << "glowEngine" << 1 << "96 24 0 512";
     QTest::newRow("Cedar") << "glowEngine" << 2 << "96 48 0 512";
@@ -216,9 +214,8 @@ void SimulatedConsoleTest::startLaysOutTheModel_data()
 
 void SimulatedConsoleTest::startLaysOutTheModel()
 {
-    QFETCH(QString, library);
-    QFETCH(int, variant);
-    QFETCH(QString, layout);
+    auto [library, variant, layout] =
+        fetch<QString, int, QString>({"library", "variant", "layout"});
     EngineSession s(library, variant);
     const ConsoleStateRecord* r = s.record();
     QCOMPARE(QString("%1 %2 %3 %4")
@@ -273,9 +270,7 @@ void SimulatedConsoleTest::scenario_data()
     // reported), "ring I" (both DMX ring indexes), "name S X" (stack cue S),
     // "insert S C", "delete S", "move F T C" (stack steps, cue number C), and
     // checks "FIELD ... = VALUE" (above).
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<int>("variant");
-    QTest::addColumn<QString>("script");
+    addColumns<QString, int, QString>({"library", "variant", "script"});
     const QString masters = "fader %1 200; step; ch %1 = 200; level %1 = 200; out %1 = 200; "
                             "out %2 = 0; fader 48 128; step; out %1 = 100; ch %1 = 200; "
                             "tap BlackOut; step; out %1 = 0; tap BlackOut; step; out %1 = 100";
@@ -392,9 +387,8 @@ void SimulatedConsoleTest::scenario_data()
 
 void SimulatedConsoleTest::scenario()
 {
-    QFETCH(QString, library);
-    QFETCH(int, variant);
-    QFETCH(QString, script);
+    auto [library, variant, script] =
+        fetch<QString, int, QString>({"library", "variant", "script"});
     EngineSession s(library, variant);
     SignalCount outputs(s.console(), &Console::outputsUpdated);
     for (const QString& command : script.split(';', Qt::SkipEmptyParts)) {
@@ -486,8 +480,7 @@ void SimulatedConsoleTest::savedShowOpensByteIdentical()
 
 void SimulatedConsoleTest::refusedShowFileLeavesTheShowIntact_data()
 {
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<int>("result");
+    addColumns<QString, int>({"kind", "result"});
     QTest::newRow("show of another console type") << "maple" << 1;
     QTest::newRow("truncated show") << "truncated" << 2;
     QTest::newRow("one byte changed") << "flipped" << 2;
@@ -497,8 +490,7 @@ void SimulatedConsoleTest::refusedShowFileLeavesTheShowIntact_data()
 
 void SimulatedConsoleTest::refusedShowFileLeavesTheShowIntact()
 {
-    QFETCH(QString, kind);
-    QFETCH(int, result);
+    auto [kind, result] = fetch<QString, int>({"kind", "result"});
     EngineSession s("glowEngine", 1);
     const QString good = files_.filePath("birch.asc");
     s.engine()->saveShowAs(good);
@@ -562,18 +554,14 @@ void SimulatedConsoleTest::failedSaveKeepsTheOldFile()
 
 void SimulatedConsoleTest::stepEditsKeepTheListConsistent_data()
 {
-    QTest::addColumn<int>("page");
-    QTest::addColumn<int>("fader");
-    QTest::addColumn<int>("capacity");
+    addColumns<int, int, int>({"page", "fader", "capacity"});
     QTest::newRow("sequence of page 3, fader 5: 24 steps") << 2 << 4 << 24;
     QTest::newRow("stack: 199 steps") << -1 << -1 << 199;
 }
 
 void SimulatedConsoleTest::stepEditsKeepTheListConsistent()
 {
-    QFETCH(int, page);
-    QFETCH(int, fader);
-    QFETCH(int, capacity);
+    auto [page, fader, capacity] = fetch<int, int, int>({"page", "fader", "capacity"});
     EngineSession s("glowEngine", 1);
     ConsoleCache* cache = s.cache();
     s.engine()->newShow();
@@ -660,9 +648,7 @@ void SimulatedConsoleTest::patchedDeviceFollowsItsPersonality()
 
 void SimulatedConsoleTest::eraseRequestsAreBulkChanges_data()
 {
-    QTest::addColumn<int>("subCode");
-    QTest::addColumn<bool>("memoriesKept");
-    QTest::addColumn<bool>("stackKept");
+    addColumns<int, bool, bool>({"subCode", "memoriesKept", "stackKept"});
     QTest::newRow("erase memories") << 11 << false << true;
     QTest::newRow("erase stack") << 13 << true << false;
     QTest::newRow("erase all") << 16 << false << false;
@@ -670,9 +656,8 @@ void SimulatedConsoleTest::eraseRequestsAreBulkChanges_data()
 
 void SimulatedConsoleTest::eraseRequestsAreBulkChanges()
 {
-    QFETCH(int, subCode);
-    QFETCH(bool, memoriesKept);
-    QFETCH(bool, stackKept);
+    auto [subCode, memoriesKept, stackKept] =
+        fetch<int, bool, bool>({"subCode", "memoriesKept", "stackKept"});
     EngineSession s("glowEngine", 0);
     QVERIFY(s.record()->memories[0].recorded);
     QVERIFY(s.record()->stackStepCount > 0);

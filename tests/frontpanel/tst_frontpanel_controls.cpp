@@ -6,7 +6,7 @@
 #include "ConsoleFader.h"
 #include "ConsoleWheel.h"
 #include "FrontPanel.h"
-#include "Lumidesk.h"
+#include "LumideskTestMain.h"
 
 class TestFrontPanelControls : public QObject
 {
@@ -178,11 +178,6 @@ void TestFrontPanelControls::displayReadsTheRecord()
     QCOMPARE(panel.display(1)->line(0), QString::fromLatin1("Select channel\x83   ok"));
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestFrontPanelControls test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestFrontPanelControls)
 
 #include "tst_frontpanel_controls.moc"

@@ -10,7 +10,7 @@
 #include "EngineSession.h"
 #include "FaderBlock.h"
 #include "FrontPanel.h"
-#include "Lumidesk.h"
+#include "LumideskTestMain.h"
 
 #include <QTest>
 
@@ -178,11 +178,6 @@ void TestFrontPanelEngine::wheelMovesTheStacksNextCue()
              qPrintable(QString::number(record->playbacks[stack].nextStep)));
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestFrontPanelEngine test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestFrontPanelEngine)
 
 #include "tst_frontpanel_engine.moc"

@@ -4,9 +4,11 @@
 #include "ConsoleButton.h"
 #include "ConsoleFader.h"
 #include "ConsoleWheel.h"
+#include "DataRows.h"
 #include "FaderBlock.h"
 #include "FrontPanel.h"
 #include "Lumidesk.h"
+#include "LumideskTestMain.h"
 #include "SelectBlock.h"
 
 #include <QCryptographicHash>
@@ -84,8 +86,8 @@ private slots:
 
 void TestFrontPanelLayout::lines_data()
 {
-    QTest::addColumn<QString>("layout"); // "|" stands for a TAB
-    QTest::addColumn<QStringList>("expected");
+    // layout: "|" stands for a TAB
+    addColumns<QString, QStringList>({"layout", "expected"});
     QTest::newRow("button row, x moved 2 left")
         << "Button|505|102|3|1|37|0|73,80,81|Undo,<<,<\r\n"
         << QStringList{"key 73 503,102 Undo", "key 80 540,102 <<", "key 81 577,102 <"};
@@ -125,8 +127,7 @@ void TestFrontPanelLayout::lines_data()
 
 void TestFrontPanelLayout::lines()
 {
-    QFETCH(QString, layout);
-    QFETCH(QStringList, expected);
+    auto [layout, expected] = fetch<QString, QStringList>({"layout", "expected"});
     PanelConsole console(ConsoleCache::ModelMaple);
     // The model's file in the current directory replaces the compiled-in
     // one; another model's file there is not read.
@@ -144,9 +145,8 @@ void TestFrontPanelLayout::lines()
 
 void TestFrontPanelLayout::compiledInPanels_data()
 {
-    QTest::addColumn<int>("model");
-    QTest::addColumn<QByteArray>("layoutSha1"); // any edit of the file must be deliberate
-    QTest::addColumn<int>("width");
+    // layoutSha1: any edit of the file must be deliberate
+    addColumns<int, QByteArray, int>({"model", "layoutSha1", "width"});
     QTest::newRow("Alder") << int(ConsoleCache::ModelAlder)
                            << QByteArray("6deaaeb81e2fefd429dff996285866112b030150") << 788;
     QTest::newRow("Birch") << int(ConsoleCache::ModelBirch)
@@ -159,9 +159,7 @@ void TestFrontPanelLayout::compiledInPanels_data()
 
 void TestFrontPanelLayout::compiledInPanels()
 {
-    QFETCH(int, model);
-    QFETCH(QByteArray, layoutSha1);
-    QFETCH(int, width);
+    auto [model, layoutSha1, width] = fetch<int, QByteArray, int>({"model", "layoutSha1", "width"});
     PanelConsole console{ConsoleCache::ConsoleType(model)};
     FrontPanel panel;
     QFile layout(QStringLiteral(":/Lumidesk/Resources/%1.txt").arg(FrontPanel::baseName(model)));
@@ -201,11 +199,6 @@ void TestFrontPanelLayout::unknownModelBuildsNothing()
     QVERIFY(panel.panelScene()->items().isEmpty());
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestFrontPanelLayout test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestFrontPanelLayout)
 
 #include "tst_frontpanel_layout.moc"

@@ -4,8 +4,9 @@
 #include "ConsoleButton.h"
 #include "ConsoleCodes.h"
 #include "ConsoleFader.h"
+#include "DataRows.h"
 #include "FaderBlock.h"
-#include "Lumidesk.h"
+#include "LumideskTestMain.h"
 
 #include <QSignalSpy>
 
@@ -142,8 +143,8 @@ void TestFaderBlock::legendsFollowTheFaderMode()
 
 void TestFaderBlock::keysSendPanelEvents_data()
 {
-    QTest::addColumn<int>("first");
-    QTest::addColumn<int>("lastKey"); // of the block's twelfth fader
+    // lastKey: of the block's twelfth fader
+    addColumns<int, int>({"first", "lastKey"});
     QTest::newRow("faders 13-24") << 12 << 23;
     QTest::newRow("faders 25-36, keys after the others") << 24 << 108;
     QTest::newRow("faders 37-48") << 36 << 120;
@@ -151,8 +152,7 @@ void TestFaderBlock::keysSendPanelEvents_data()
 
 void TestFaderBlock::keysSendPanelEvents()
 {
-    QFETCH(int, first);
-    QFETCH(int, lastKey);
+    auto [first, lastKey] = fetch<int, int>({"first", "lastKey"});
     PanelConsole console(ConsoleCache::ModelCedar);
     QGraphicsScene scene;
     FaderBlock* block = panelBlock(&scene, first);
@@ -223,11 +223,6 @@ void TestFaderBlock::faderLevelsFollowTheConsole()
     QCOMPARE(tracking->fader(2)->levelB(), 0.4f);
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestFaderBlock test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestFaderBlock)
 
 #include "tst_playback_faderblock.moc"

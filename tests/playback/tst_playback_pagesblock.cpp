@@ -2,8 +2,9 @@
 #include "../frontpanel/PanelTestKit.h"
 
 #include "ConsoleCodes.h"
+#include "DataRows.h"
 #include "InPlaceEditableText.h"
-#include "Lumidesk.h"
+#include "LumideskTestMain.h"
 #include "PagesBlock.h"
 #include "PagesBlockHandler.h"
 
@@ -84,9 +85,8 @@ void TestPagesBlock::rowsAndLabels()
 
 void TestPagesBlock::lineCountAndTimeMode_data()
 {
-    QTest::addColumn<int>("lines");
-    QTest::addColumn<bool>("timeMode");
-    QTest::addColumn<QString>("cells"); // faders 3 and 14: name lines, then the time
+    // cells: faders 3 and 14: name lines, then the time
+    addColumns<int, bool, QString>({"lines", "timeMode", "cells"});
     QTest::newRow("two lines") << 2 << false << "M1.3||-|- S1.2||-|-";
     QTest::newRow("no lines") << 0 << false << "-|-|-|- -|-|-|-";
     QTest::newRow("no lines, time") << 0 << true << "-|-|-|3.5 -|-|-|-";
@@ -95,9 +95,7 @@ void TestPagesBlock::lineCountAndTimeMode_data()
 
 void TestPagesBlock::lineCountAndTimeMode()
 {
-    QFETCH(int, lines);
-    QFETCH(bool, timeMode);
-    QFETCH(QString, cells);
+    auto [lines, timeMode, cells] = fetch<int, bool, QString>({"lines", "timeMode", "cells"});
     QGraphicsScene scene;
     auto* block = new PagesBlock(&scene, nullptr, 0, 24, 2, false);
     block->setLineCount(lines);
@@ -115,10 +113,7 @@ void TestPagesBlock::lineCountAndTimeMode()
 
 void TestPagesBlock::msModeDecidesPaintAndOpen_data()
 {
-    QTest::addColumn<bool>("msMode");
-    QTest::addColumn<int>("fader");
-    QTest::addColumn<QString>("opened");
-    QTest::addColumn<QColor>("fill");
+    addColumns<bool, int, QString, QColor>({"msMode", "fader", "opened", "fill"});
     // Dim fills (alpha 100) over black.
     const QColor sequenceFill(41, 32, 4);
     const QColor memoryFill(41, 4, 4);
@@ -130,10 +125,8 @@ void TestPagesBlock::msModeDecidesPaintAndOpen_data()
 
 void TestPagesBlock::msModeDecidesPaintAndOpen()
 {
-    QFETCH(bool, msMode);
-    QFETCH(int, fader);
-    QFETCH(QString, opened);
-    QFETCH(QColor, fill);
+    auto [msMode, fader, opened, fill] =
+        fetch<bool, int, QString, QColor>({"msMode", "fader", "opened", "fill"});
     RecordingHandler handler;
     QGraphicsScene scene;
     auto* block = new PagesBlock(&scene, &handler, 0, 24, 2, !msMode);
@@ -176,11 +169,6 @@ void TestPagesBlock::editsComeBackThroughTheConsole()
     QCOMPARE(shownItems(emptyCell), QStringLiteral("-|-|-|-"));
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestPagesBlock test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestPagesBlock)
 
 #include "tst_playback_pagesblock.moc"

@@ -3,9 +3,10 @@
 
 #include "ConsoleButton.h"
 #include "ConsoleCodes.h"
+#include "DataRows.h"
 #include "GMButtonRow.h"
 #include "InPlaceEditableText.h"
-#include "Lumidesk.h"
+#include "LumideskTestMain.h"
 #include "MLButtonRow.h"
 #include "SelectBlock.h"
 
@@ -70,9 +71,8 @@ void TestSelectBlock::legendsFollowTheSelectMode()
 
 void TestSelectBlock::keyRowsByModel_data()
 {
-    QTest::addColumn<int>("model");
-    QTest::addColumn<QStringList>("keys"); // label, key code and top of each
-    QTest::addColumn<int>("pageItems");
+    // keys: label, key code and top of each
+    addColumns<int, QStringList, int>({"model", "keys", "pageItems"});
     const QStringList common{"BLACK OUT 87 247", "SOLO 86 329", "MEMS 63 391"};
     QTest::newRow("Alder") << int(ConsoleCache::ModelAlder)
                            << QStringList{"IND 1 95 52", "IND 2 96 89"} + common +
@@ -88,9 +88,7 @@ void TestSelectBlock::keyRowsByModel_data()
 
 void TestSelectBlock::keyRowsByModel()
 {
-    QFETCH(int, model);
-    QFETCH(QStringList, keys);
-    QFETCH(int, pageItems);
+    auto [model, keys, pageItems] = fetch<int, QStringList, int>({"model", "keys", "pageItems"});
     PanelConsole console{ConsoleCache::ConsoleType(model)};
     QGraphicsScene scene;
     auto* row = new GMButtonRow(&scene);
@@ -132,11 +130,6 @@ void TestSelectBlock::keyRowsByModel()
              (QList<FakeEngine::Call>{FakeEngine::Call{ConsoleCode::PageChanged, 5}}));
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestSelectBlock test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestSelectBlock)
 
 #include "tst_playback_selectblock.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "DataRows.h"
 #include "toolkit/InPlaceLineEdit.h"
 
 #include <QCoreApplication>
@@ -12,10 +13,7 @@
 #include <QPainter>
 #include <QTest>
 
-#include <array>
 #include <functional>
-#include <tuple>
-#include <utility>
 
 // Mouse input delivered through a real scene, so that grabbing, hit testing
 // and coordinate mapping are the scene's own.
@@ -132,24 +130,4 @@ inline QRgb over(QRgb background, const QColor& colour)
     painter.fillRect(0, 0, 1, 1, colour);
     painter.end();
     return pixel.pixel(0, 0);
-}
-
-// Data columns declared, and fetched, in one statement.
-template <typename... Types> void addColumns(const std::array<const char*, sizeof...(Types)>& names)
-{
-    std::size_t i = 0;
-    (QTest::addColumn<Types>(names[i++]), ...);
-}
-
-template <typename... Types, std::size_t... Index>
-std::tuple<Types...> fetch(const std::array<const char*, sizeof...(Types)>& names,
-                           std::index_sequence<Index...>)
-{
-    return {*static_cast<Types*>(QTest::qData(names[Index], qMetaTypeId<Types>()))...};
-}
-
-template <typename... Types>
-std::tuple<Types...> fetch(const std::array<const char*, sizeof...(Types)>& names)
-{
-    return fetch<Types...>(names, std::index_sequence_for<Types...>());
 }

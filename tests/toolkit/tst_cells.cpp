@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "FakeEngine.h"
+#include "LumideskTestMain.h"
 #include "ToolkitFixture.h"
 #include "app/Lumidesk.h"
-#include "toolkit/MakeFont.h"
 #include "console/Console.h"
 #include "console/ConsoleCodes.h"
 #include "toolkit/Cell.h"
@@ -15,6 +15,7 @@
 #include "toolkit/InPlaceEditableTextHandler.h"
 #include "toolkit/InPlaceLineEditHandler.h"
 #include "toolkit/IndependentCell.h"
+#include "toolkit/MakeFont.h"
 #include "toolkit/NumberCell.h"
 #include "toolkit/NumberRow.h"
 #include "toolkit/PanTiltMonitorCell.h"
@@ -982,12 +983,6 @@ void TestCells::chainNavigation()
     QVERIFY(first->hasFocus());
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk application(argc, argv);
-    TestCells test;
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestCells)
 
 #include "tst_cells.moc"

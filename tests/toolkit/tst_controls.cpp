@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "LumideskTestMain.h"
 #include "ToolkitFixture.h"
-#include "app/Lumidesk.h"
 #include "toolkit/Button.h"
 #include "toolkit/ButtonHandler.h"
 #include "toolkit/Dropdown.h"
@@ -458,11 +458,6 @@ void TestControls::scrollBarDrag()
     QVERIFY(spy.isEmpty());
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk application(argc, argv);
-    TestControls test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestControls)
 
 #include "tst_controls.moc"

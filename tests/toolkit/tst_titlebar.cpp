@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "FakeEngine.h"
+#include "LumideskTestMain.h"
 #include "ToolkitFixture.h"
 #include "app/Lumidesk.h"
-#include "toolkit/MakeFont.h"
 #include "console/Console.h"
+#include "toolkit/MakeFont.h"
 #include "toolkit/Tab.h"
 #include "toolkit/TabStrip.h"
 #include "toolkit/TitleBar.h"
@@ -448,11 +449,6 @@ void TestTitleBar::tabsOverlapFromTheRight()
     QCOMPARE(m_strip->currentIndex(), selected);
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestTitleBar test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestTitleBar)
 
 #include "tst_titlebar.moc"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "DataRows.h"
 #include "toolkit/TitleBar.h"
 
 #include <QDir>
@@ -60,8 +61,7 @@ void TestManual::initTestCase()
 
 void TestManual::picturesShowTheirTab_data()
 {
-    QTest::addColumn<QString>("picture");
-    QTest::addColumn<QSize>("size");
+    addColumns<QString, QSize>({"picture", "size"});
     for (const char* tab : {"playback", "live", "pages", "memories", "sequences", "effects",
                             "groups", "palettes", "patch", "dmx", "system"})
         QTest::newRow(tab) << QStringLiteral("maple-%1.png").arg(QLatin1String(tab))
@@ -73,8 +73,7 @@ void TestManual::picturesShowTheirTab_data()
 // only the background grain.
 void TestManual::picturesShowTheirTab()
 {
-    QFETCH(QString, picture);
-    QFETCH(QSize, size);
+    auto [picture, size] = fetch<QString, QSize>({"picture", "size"});
     const QImage image(pictures.filePath(picture));
     QCOMPARE(image.size(), size);
     const int top = size.height() == 1024 ? 56 : 0;

@@ -9,7 +9,7 @@
 #include "EngineSession.h"
 #include "InPlaceEditableText.h"
 #include "InsertSequenceStepDialog.h"
-#include "Lumidesk.h"
+#include "LumideskTestMain.h"
 #include "MoveSequenceStepDialog.h"
 #include "ShowItemRequests.h"
 
@@ -484,11 +484,6 @@ void TestCuelist::panelRecordsIntoTheSequenceItsFlashKeyPicked()
     QCOMPARE(int(record.steps[1].cueNumber), 20);
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestCuelist test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestCuelist)
 
 #include "tst_cuelist.moc"

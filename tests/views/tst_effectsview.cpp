@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "EngineSession.h"
 #include "FakeEngine.h"
+#include "LumideskTestMain.h"
 #include "app/Lumidesk.h"
 #include "console/ConsoleCodes.h"
 #include "tests/toolkit/ToolkitFixture.h"
@@ -101,12 +102,8 @@ void TestEffectsView::cleanup()
 
 void TestEffectsView::valueEntry_data()
 {
-    QTest::addColumn<int>("effect");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("before");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<int>("stored");
-    QTest::addColumn<QString>("shown");
+    addColumns<int, int, int, QString, int, QString>(
+        {"effect", "kind", "before", "typed", "stored", "shown"});
 
     QTest::newRow("speed 100 stores full") << 0 << 1 << 0 << "100" << 255 << "100";
     QTest::newRow("speed 101 is dropped") << 0 << 1 << 77 << "101" << 77 << "30";
@@ -123,12 +120,8 @@ void TestEffectsView::valueEntry_data()
 
 void TestEffectsView::valueEntry()
 {
-    QFETCH(int, effect);
-    QFETCH(int, kind);
-    QFETCH(int, before);
-    QFETCH(QString, typed);
-    QFETCH(int, stored);
-    QFETCH(QString, shown);
+    auto [effect, kind, before, typed, stored, shown] = fetch<int, int, int, QString, int, QString>(
+        {"effect", "kind", "before", "typed", "stored", "shown"});
     EffectRecord& record = engine->record()->effects[effect];
     *EffectsView::field(record, kind) = quint16(before);
     effects->consoleCacheEffectUpdated();
@@ -144,11 +137,8 @@ void TestEffectsView::valueEntry()
 
 void TestEffectsView::menusStoreTheChoice_data()
 {
-    QTest::addColumn<int>("effect");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("choice"); // menu entry, -1 closes the menu
-    QTest::addColumn<int>("stored");
-    QTest::addColumn<bool>("picture");
+    // choice: menu entry, -1 closes the menu
+    addColumns<int, int, int, int, bool>({"effect", "kind", "choice", "stored", "picture"});
 
     QTest::newRow("shape pattern Square") << 2 << 0 << 1 << 1 << true;
     QTest::newRow("linear pattern Saw") << 12 << 0 << 8 << 8 << true;
@@ -159,11 +149,8 @@ void TestEffectsView::menusStoreTheChoice_data()
 
 void TestEffectsView::menusStoreTheChoice()
 {
-    QFETCH(int, effect);
-    QFETCH(int, kind);
-    QFETCH(int, choice);
-    QFETCH(int, stored);
-    QFETCH(bool, picture);
+    auto [effect, kind, choice, stored, picture] =
+        fetch<int, int, int, int, bool>({"effect", "kind", "choice", "stored", "picture"});
     ParameterCell* target = cell(effect, kind);
     SceneMouse mouse{*effects->graphicsScene()};
     mouse.press(target->sceneBoundingRect().center());
@@ -184,13 +171,9 @@ void TestEffectsView::menusStoreTheChoice()
 
 void TestEffectsView::namesAreStoredCut_data()
 {
-    QTest::addColumn<int>("owner"); // 0 effect, 1 group, 2 device
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("reported");
+    // owner: 0 effect, 1 group, 2 device
+    addColumns<int, int, int, QString, QString, int, int>(
+        {"owner", "index", "line", "typed", "stored", "code", "reported"});
 
     QTest::newRow("effect line cut at seven") << 0 << 25 << 1 << "Sparkling"
                                               << "Sparkli" << ConsoleCode::EffectsChanged << 25;
@@ -203,13 +186,9 @@ void TestEffectsView::namesAreStoredCut_data()
 
 void TestEffectsView::namesAreStoredCut()
 {
-    QFETCH(int, owner);
-    QFETCH(int, index);
-    QFETCH(int, line);
-    QFETCH(QString, typed);
-    QFETCH(QString, stored);
-    QFETCH(int, code);
-    QFETCH(int, reported);
+    auto [owner, index, line, typed, stored, code, reported] =
+        fetch<int, int, int, QString, QString, int, int>(
+            {"owner", "index", "line", "typed", "stored", "code", "reported"});
     ConsoleCache* cache = console->cache();
     const auto read = [&](int l) {
         return owner == 0   ? cache->effectName(index, l)
@@ -237,9 +216,8 @@ void TestEffectsView::namesAreStoredCut()
 
 void TestEffectsView::doubleClicksKeepInsertionOrder_data()
 {
-    QTest::addColumn<QList<int>>("clicked"); // devices, in order
-    QTest::addColumn<bool>("single");
-    QTest::addColumn<QList<int>>("expected");
+    // clicked: devices, in order
+    addColumns<QList<int>, bool, QList<int>>({"clicked", "single", "expected"});
 
     QTest::newRow("added 3 1 2 stay unsorted")
         << QList<int>{2, 0, 1} << false << QList<int>{2, 0, 1};
@@ -252,9 +230,8 @@ void TestEffectsView::doubleClicksKeepInsertionOrder_data()
 
 void TestEffectsView::doubleClicksKeepInsertionOrder()
 {
-    QFETCH(QList<int>, clicked);
-    QFETCH(bool, single);
-    QFETCH(QList<int>, expected);
+    auto [clicked, single, expected] =
+        fetch<QList<int>, bool, QList<int>>({"clicked", "single", "expected"});
     constexpr int group = 5;
     groups->resize(1300, 1100);
     groups->show();
@@ -283,12 +260,10 @@ void TestEffectsView::doubleClicksKeepInsertionOrder()
 // slot), device 0 an RGBW par (intensity, red, green, blue).
 void TestEffectsView::effectsDriveTheOutput_data()
 {
-    QTest::addColumn<int>("effect");
-    QTest::addColumn<QList<int>>("values"); // pattern speed depth aspect rotation base range dir
-    QTest::addColumn<int>("ms");
-    QTest::addColumn<bool>("released");
-    QTest::addColumn<QList<int>>("footprint"); // of the device's footprint
-    QTest::addColumn<QList<int>>("levels");
+    // values: pattern speed depth aspect rotation base range dir
+    // footprint: of the device's footprint
+    addColumns<int, QList<int>, int, bool, QList<int>, QList<int>>(
+        {"effect", "values", "ms", "released", "footprint", "levels"});
 
     const QList<int> panTilt{0, 2};
     const QList<int> rgb{1, 2, 3};
@@ -325,12 +300,9 @@ void TestEffectsView::effectsDriveTheOutput_data()
 
 void TestEffectsView::effectsDriveTheOutput()
 {
-    QFETCH(int, effect);
-    QFETCH(QList<int>, values);
-    QFETCH(int, ms);
-    QFETCH(bool, released);
-    QFETCH(QList<int>, footprint);
-    QFETCH(QList<int>, levels);
+    auto [effect, values, ms, released, footprint, levels] =
+        fetch<int, QList<int>, int, bool, QList<int>, QList<int>>(
+            {"effect", "values", "ms", "released", "footprint", "levels"});
     cleanup();
     EngineSession s(QStringLiteral("glowproEngine"), 0);
     Lumidesk::instance()->setConsole(s.console());
@@ -398,12 +370,6 @@ void TestEffectsView::selectKeysGiveAndRecordEffects()
     QCOMPARE(QByteArray(reinterpret_cast<const char*>(r->dmxOutput) + pan, 4), home);
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk application(argc, argv);
-    TestEffectsView test;
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestEffectsView)
 
 #include "tst_effectsview.moc"

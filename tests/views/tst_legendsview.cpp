@@ -2,11 +2,12 @@
 #include "../frontpanel/PanelTestKit.h"
 
 #include "ConsoleCodes.h"
+#include "DataRows.h"
 #include "EngineSession.h"
 #include "FaderBlock.h"
 #include "InPlaceEditableText.h"
+#include "LumideskTestMain.h"
 #include "PagesBlock.h"
-#include "app/Lumidesk.h"
 #include "app/MainFrame.h"
 #include "views/LegendsView.h"
 #include "views/PagesView.h"
@@ -141,9 +142,7 @@ void TestLegendsView::blindLegendsAndPagesThroughTheEngine()
 
 void TestLegendsView::cedarPagesPair_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("opened");
+    addColumns<int, QString, QString>({"kind", "title", "opened"});
     QTest::newRow("low half opens fader 1") << int(MainFrame::PagesTab) << "Pages Lo"
                                             << "2/0";
     QTest::newRow("high half opens fader 25") << int(MainFrame::SecondPagesTab) << "Pages Hi"
@@ -232,11 +231,6 @@ void TestLegendsView::everyTabButtonsInsideAndApart()
     QCOMPARE(faults.join(QLatin1Char('\n')), QString());
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestLegendsView test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestLegendsView)
 
 #include "tst_legendsview.moc"

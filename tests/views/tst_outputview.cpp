@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "EngineSession.h"
 #include "FakeEngine.h"
-#include "app/Lumidesk.h"
+#include "LumideskTestMain.h"
 #include "console/Console.h"
 #include "tests/toolkit/ToolkitFixture.h"
 #include "toolkit/ConsoleLink.h"
@@ -116,11 +116,9 @@ Writes TestOutputView::drained()
 
 void TestOutputView::parameterTexts_data()
 {
-    QTest::addColumn<int>("parameter");
-    QTest::addColumn<int>("output");
-    QTest::addColumn<int>("palette"); // dmxPalette byte
-    QTest::addColumn<int>("notInverted");
-    QTest::addColumn<QString>("text");
+    // palette: dmxPalette byte
+    addColumns<int, int, int, int, QString>(
+        {"parameter", "output", "palette", "notInverted", "text"});
     QTest::newRow("plain level") << 3 << 128 << 0 << 0 << "50";
     QTest::newRow("from Color palette index 2") << 0 << 40 << 3 << 0 << "C3";
     QTest::newRow("inverted colour mix at 0") << 0 << 0 << 0 << 0x02 << "F";
@@ -130,11 +128,8 @@ void TestOutputView::parameterTexts_data()
 
 void TestOutputView::parameterTexts()
 {
-    QFETCH(int, parameter);
-    QFETCH(int, output);
-    QFETCH(int, palette);
-    QFETCH(int, notInverted);
-    QFETCH(QString, text);
+    auto [parameter, output, palette, notInverted, text] = fetch<int, int, int, int, QString>(
+        {"parameter", "output", "palette", "notInverted", "text"});
     ConsoleStateRecord* record = engine->record();
     record->devices[1].colourModel = DeviceRecord::subtractiveModel;
     record->devices[1].notInvertedMask = quint8(notInverted);
@@ -149,8 +144,8 @@ void TestOutputView::parameterTexts()
 
 void TestOutputView::overrides_data()
 {
-    QTest::addColumn<QString>("action"); // typed text, or a menu command after "menu:"
-    QTest::addColumn<Writes>("writes");
+    // action: typed text, or a menu command after "menu:"
+    addColumns<QString, Writes>({"action", "writes"});
     const Writes pan50 = {{0, 127}, {1, 0}, {40, 127}, {41, 0}};
     QTest::newRow("50 into three Pan cells, one without Pan") << "50" << pan50;
     QTest::newRow("100 into Pan") << "100" << Writes{{0, 255}, {1, 0}, {40, 255}, {41, 0}};
@@ -167,8 +162,7 @@ void TestOutputView::overrides_data()
 
 void TestOutputView::overrides()
 {
-    QFETCH(QString, action);
-    QFETCH(Writes, writes);
+    auto [action, writes] = fetch<QString, Writes>({"action", "writes"});
     patch(4, 40, {1, 48, 2, 49});
     console->patchChanged();
     QCoreApplication::processEvents();
@@ -192,10 +186,9 @@ void TestOutputView::overrides()
 
 void TestOutputView::shiftSelection_data()
 {
-    QTest::addColumn<bool>("anchorFirst");
-    QTest::addColumn<QStringList>("corners"); // row names: anchor row, clicked row
-    QTest::addColumn<QPoint>("columns");      // anchor column, clicked column
-    QTest::addColumn<int>("selected");
+    // corners: row names: anchor row, clicked row
+    // columns: anchor column, clicked column
+    addColumns<bool, QStringList, QPoint, int>({"anchorFirst", "corners", "columns", "selected"});
     QTest::newRow("down and right") << true << QStringList{"Pan", "Red/Cyan"} << QPoint(0, 2) << 9;
     QTest::newRow("up and left") << true << QStringList{"Gobo 1", "Blue/Yellow"} << QPoint(1, 0)
                                  << 6;
@@ -205,10 +198,8 @@ void TestOutputView::shiftSelection_data()
 
 void TestOutputView::shiftSelection()
 {
-    QFETCH(bool, anchorFirst);
-    QFETCH(QStringList, corners);
-    QFETCH(QPoint, columns);
-    QFETCH(int, selected);
+    auto [anchorFirst, corners, columns, selected] =
+        fetch<bool, QStringList, QPoint, int>({"anchorFirst", "corners", "columns", "selected"});
     SceneMouse mouse{*view->deviceView()->scene()};
     const int from = rowOf(corners[0]), to = rowOf(corners[1]);
     if (anchorFirst)
@@ -263,8 +254,7 @@ public:
 
 void TestOutputView::paletteLayout_data()
 {
-    QTest::addColumn<QList<QList<int>>>("rig");
-    QTest::addColumn<QStringList>("rows");
+    addColumns<QList<QList<int>>, QStringList>({"rig", "rows"});
     QTest::newRow("mixed rig") << mixedRig
                                << QStringList{"#",           "FOCUS",   "",         "Pan",
                                               "Tilt",        "COLOR",   "Red/Cyan", "Green/Mag",
@@ -276,8 +266,7 @@ void TestOutputView::paletteLayout_data()
 
 void TestOutputView::paletteLayout()
 {
-    QFETCH(QList<QList<int>>, rig);
-    QFETCH(QStringList, rows);
+    auto [rig, rows] = fetch<QList<QList<int>>, QStringList>({"rig", "rows"});
     for (int device = 0; device < rig.size(); ++device)
         patch(device, device * 20, rig[device]);
     QGraphicsScene scene;
@@ -293,9 +282,7 @@ void TestOutputView::paletteLayout()
 
 void TestOutputView::dmxSlotPixels_data()
 {
-    QTest::addColumn<int>("value");
-    QTest::addColumn<bool>("text");
-    QTest::addColumn<int>("barPixels");
+    addColumns<int, bool, int>({"value", "text", "barPixels"});
     QTest::newRow("0: number only") << 0 << false << 0;
     QTest::newRow("1: text, bar below a pixel") << 1 << true << 0;
     QTest::newRow("255: F and a full bar") << 255 << true << 20; // 19.4 px over 20 rows
@@ -303,9 +290,7 @@ void TestOutputView::dmxSlotPixels_data()
 
 void TestOutputView::dmxSlotPixels()
 {
-    QFETCH(int, value);
-    QFETCH(bool, text);
-    QFETCH(int, barPixels);
+    auto [value, text, barPixels] = fetch<int, bool, int>({"value", "text", "barPixels"});
     DMXView dmx(nullptr, nullptr);
     const auto render = [&dmx] {
         QImage image(35, 28, QImage::Format_ARGB32_Premultiplied);
@@ -357,12 +342,6 @@ void TestOutputView::overrideReachesEngineOutput()
     ConsoleLink::setConsole(nullptr);
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk application(argc, argv);
-    TestOutputView test;
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestOutputView)
 
 #include "tst_outputview.moc"

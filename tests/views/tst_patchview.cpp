@@ -142,9 +142,7 @@ private slots:
 void TestPatchView::sceneFollowsTheModel_data()
 {
     // clang-format off
-    QTest::addColumn<int>("model");
-    QTest::addColumn<int>("channels");
-    QTest::addColumn<int>("universes");
+    addColumns<int, int, int>({"model", "channels", "universes"});
     QTest::newRow("Alder") << int(ConsoleCache::ModelAlder) << 48 << 1;
     QTest::newRow("Birch") << int(ConsoleCache::ModelBirch) << 96 << 1;
     QTest::newRow("Cedar") << int(ConsoleCache::ModelCedar) << 96 << 1;
@@ -154,9 +152,7 @@ void TestPatchView::sceneFollowsTheModel_data()
 
 void TestPatchView::sceneFollowsTheModel()
 {
-    QFETCH(int, model);
-    QFETCH(int, channels);
-    QFETCH(int, universes);
+    auto [model, channels, universes] = fetch<int, int, int>({"model", "channels", "universes"});
     Rig rig{ConsoleCache::ConsoleType(model)};
     rig.engine.notify(ConsoleCode::System, 0);
     rig.engine.notify(ConsoleCode::System, 1);
@@ -231,9 +227,7 @@ void TestPatchView::drops()
 void TestPatchView::pressesHitTheBlockCells_data()
 {
     // clang-format off
-    QTest::addColumn<int>("universe");
-    QTest::addColumn<QPoint>("at");
-    QTest::addColumn<int>("address");
+    addColumns<int, QPoint, int>({"universe", "at", "address"});
     QTest::newRow("first cell's corner") << 0 << QPoint(2, 20) << 0;
     QTest::newRow("left margin") << 0 << QPoint(1, 20) << -1;
     QTest::newRow("title band") << 0 << QPoint(2, 19) << -1;
@@ -247,9 +241,7 @@ void TestPatchView::pressesHitTheBlockCells_data()
 
 void TestPatchView::pressesHitTheBlockCells()
 {
-    QFETCH(int, universe);
-    QFETCH(QPoint, at);
-    QFETCH(int, address);
+    auto [universe, at, address] = fetch<int, QPoint, int>({"universe", "at", "address"});
     Rig rig;
     rig.mouse.click(rig.view.universeBlocks()[universe]->mapToScene(at));
     int selected = -1;
@@ -261,8 +253,8 @@ void TestPatchView::pressesHitTheBlockCells()
 void TestPatchView::dragsCarryTheSelection_data()
 {
     // clang-format off
-    QTest::addColumn<QStringList>("presses"); // target, "+" for Control
-    QTest::addColumn<QString>("payload");
+    // presses: target, "+" for Control
+    addColumns<QStringList, QString>({"presses", "payload"});
     QTest::newRow("picked channels together") << QStringList{"ch0", "ch5+", "ch6+", "ch0"}
                                               << "Channels 0 5 6";
     QTest::newRow("a Control press does not arm") << QStringList{"ch0", "ch5+"} << "";
@@ -276,8 +268,7 @@ void TestPatchView::dragsCarryTheSelection_data()
 
 void TestPatchView::dragsCarryTheSelection()
 {
-    QFETCH(QStringList, presses);
-    QFETCH(QString, payload);
+    auto [presses, payload] = fetch<QStringList, QString>({"presses", "payload"});
     Rig rig;
     rig.apply(QStringLiteral("d2=101/4"));
     QString dragged;
@@ -295,10 +286,8 @@ void TestPatchView::dragsCarryTheSelection()
 void TestPatchView::personalityMenu_data()
 {
     // clang-format off
-    QTest::addColumn<QList<RecordArea::Personality>>("personalities");
-    QTest::addColumn<QStringList>("leaves"); // path, "+" enabled or "-"
-    QTest::addColumn<QString>("pick");
-    QTest::addColumn<QList<Call>>("calls");
+    // leaves: path, "+" enabled or "-"
+    addColumns<QList<RecordArea::Personality>, QStringList, QString, QList<Call>>({"personalities", "leaves", "pick", "calls"});
     QTest::newRow("no personalities") << QList<RecordArea::Personality>{}
                                       << QStringList{"<missing personalities>+"}
                                       << "<missing personalities>" << QList<Call>{};
@@ -315,10 +304,9 @@ void TestPatchView::personalityMenu_data()
 
 void TestPatchView::personalityMenu()
 {
-    QFETCH(QList<RecordArea::Personality>, personalities);
-    QFETCH(QStringList, leaves);
-    QFETCH(QString, pick);
-    QFETCH(QList<Call>, calls);
+    auto [personalities, leaves, pick, calls] =
+        fetch<QList<RecordArea::Personality>, QStringList, QString, QList<Call>>(
+            {"personalities", "leaves", "pick", "calls"});
     Rig rig;
     rig.engine.setPersonalities(personalities);
     rig.drop(QStringLiteral("Channels 48 49"), QStringLiteral("a499"));
@@ -345,10 +333,7 @@ void TestPatchView::personalityMenu()
 void TestPatchView::addressColours_data()
 {
     // clang-format off
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("press");
-    QTest::addColumn<int>("address");
-    QTest::addColumn<QColor>("colour");
+    addColumns<QString, QString, int, QColor>({"before", "press", "address", "colour"});
     QTest::newRow("channel") << "p5=1" << "" << 5 << QColor(91, 116, 86);
     QTest::newRow("device start") << "d0=11/4" << "" << 10 << QColor(216, 197, 158);
     QTest::newRow("selected device start") << "d0=11/4" << "a12" << 10 << QColor(255, 233, 187);
@@ -361,10 +346,8 @@ void TestPatchView::addressColours_data()
 
 void TestPatchView::addressColours()
 {
-    QFETCH(QString, before);
-    QFETCH(QString, press);
-    QFETCH(int, address);
-    QFETCH(QColor, colour);
+    auto [before, press, address, colour] =
+        fetch<QString, QString, int, QColor>({"before", "press", "address", "colour"});
     Rig rig;
     rig.apply(before);
     if (!press.isEmpty())
@@ -377,9 +360,7 @@ void TestPatchView::addressColours()
 void TestPatchView::toolTips_data()
 {
     // clang-format off
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QString>("tip");
+    addColumns<QString, QString, QString>({"before", "target", "tip"});
     QTest::newRow("channel on two outputs, with MIDI") << "p0=3 p513=3 m2=5" << "ch2"
                                                       << "Outputs 1:1, 2:2, MIDI:5";
     QTest::newRow("channel on one output") << "p9=1" << "ch0" << "Output 1:10";
@@ -395,9 +376,7 @@ void TestPatchView::toolTips_data()
 
 void TestPatchView::toolTips()
 {
-    QFETCH(QString, before);
-    QFETCH(QString, target);
-    QFETCH(QString, tip);
+    auto [before, target, tip] = fetch<QString, QString, QString>({"before", "target", "tip"});
     Rig rig;
     qstrcpy(rig.record()->devices[1].personalityName, "Spot");
     qstrcpy(rig.record()->devices[1].secondName, "Mode");
@@ -408,9 +387,9 @@ void TestPatchView::toolTips()
 void TestPatchView::independentOptions_data()
 {
     // clang-format off
-    QTest::addColumn<QPointF>("doubleClick"); // or typed text at the first independent
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QByteArray>("options"); // on level, mode, GM of A, then of B
+    // doubleClick: or typed text at the first independent
+    // options: on level, mode, GM of A, then of B
+    addColumns<QPointF, QString, QByteArray>({"doubleClick", "typed", "options"});
     QTest::newRow("B's button mode") << QPointF(75, 50) << "" << QByteArray("\xff\0\0\xff\1\0", 6);
     QTest::newRow("A's grand master") << QPointF(20, 90) << "" << QByteArray("\xff\0\1\xff\0\0", 6);
     QTest::newRow("on level 40 %") << QPointF() << "40" << QByteArray("\x66\0\0\xff\0\0", 6);
@@ -421,9 +400,8 @@ void TestPatchView::independentOptions_data()
 
 void TestPatchView::independentOptions()
 {
-    QFETCH(QPointF, doubleClick);
-    QFETCH(QString, typed);
-    QFETCH(QByteArray, options);
+    auto [doubleClick, typed, options] =
+        fetch<QPointF, QString, QByteArray>({"doubleClick", "typed", "options"});
     Rig rig;
     for (IndependentRecord& independent : rig.record()->independents)
         independent.onLevel = 255;

@@ -4,7 +4,7 @@
 #include "Cuelist.h"
 #include "Cuematrix.h"
 #include "EngineSession.h"
-#include "Lumidesk.h"
+#include "LumideskTestMain.h"
 #include "MainFrame.h"
 #include "SequencesView.h"
 #include "Timeline.h"
@@ -198,11 +198,6 @@ void TestSequencesView::panelPlaysASequence()
     ConsoleLink::setConsole(nullptr);
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestSequencesView test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestSequencesView)
 
 #include "tst_sequencesview.moc"

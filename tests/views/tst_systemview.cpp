@@ -4,7 +4,7 @@
 #include "EngineSession.h"
 #include "FakeEngine.h"
 
-#include "app/Lumidesk.h"
+#include "LumideskTestMain.h"
 #include "toolkit/ConsoleLink.h"
 #include "views/SystemView.h"
 
@@ -324,11 +324,6 @@ void TestSystemView::roundTripThroughTheEngine()
     QVERIFY(!QFileInfo::exists("../Showfiles"));
 }
 
-int main(int argc, char** argv)
-{
-    Lumidesk app(argc, argv);
-    TestSystemView test;
-    return QTest::qExec(&test, argc, argv);
-}
+LUMIDESK_TEST_MAIN(TestSystemView)
 
 #include "tst_systemview.moc"
