@@ -75,11 +75,12 @@ void TestEditJournal::edits_data()
         c->memoryChanged(Memory(0, 1));
     });
     row("24 memory cells at once", false, [](Console* c) {
-        // All cells first: the engine reads the memory at each report.
-        for (int channel = 0; channel < 24; ++channel)
-            c->cache()->setMemoryChannelLevel(1, 2, channel, 10 + channel);
-        for (int channel = 0; channel < 24; ++channel)
-            c->memoryChanged(Memory(1, 2));
+        // One cell in each of 24 memories: each report's memory is one the
+        // engine is not still reading from the report before.
+        for (int index = 0; index < 24; ++index) {
+            c->cache()->setMemoryChannelLevel(1, index, 3, 10 + index);
+            c->memoryChanged(Memory(1, index));
+        }
     });
     row("memory name", false,
         [](Console* c) { c->cache()->setMemoryName(0, 1, 0, QStringLiteral("Intro")); });
