@@ -15,6 +15,8 @@
 
 #include "FakeEngine.h"
 
+#include "../Percentile.h"
+
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
@@ -228,11 +230,10 @@ public:
     qint64 rounds = 0;
 };
 
-double percentile(std::vector<qint64> samples, double p)
+// Samples are in nanoseconds, counters in microseconds.
+double percentileUs(const std::vector<qint64>& samples, double p)
 {
-    std::sort(samples.begin(), samples.end());
-    const size_t index = std::min(samples.size() - 1, size_t(p * double(samples.size() - 1) + 0.5));
-    return double(samples[index]) / 1000.0;
+    return double(percentile(samples, p)) / 1000.0;
 }
 
 Setup* setup()
@@ -258,12 +259,12 @@ void BM_OutputsUpdated16Peers(benchmark::State& state)
         wall.push_back(timing.agentWallNs);
         arrived.push_back(timing.arrivalNs);
     }
-    state.counters["agent_cpu_median_us"] = percentile(cpu, 0.5);
-    state.counters["agent_cpu_p99_us"] = percentile(cpu, 0.99);
-    state.counters["agent_wall_median_us"] = percentile(wall, 0.5);
-    state.counters["agent_wall_p99_us"] = percentile(wall, 0.99);
-    state.counters["last_peer_median_us"] = percentile(arrived, 0.5);
-    state.counters["last_peer_p99_us"] = percentile(arrived, 0.99);
+    state.counters["agent_cpu_median_us"] = percentileUs(cpu, 0.5);
+    state.counters["agent_cpu_p99_us"] = percentileUs(cpu, 0.99);
+    state.counters["agent_wall_median_us"] = percentileUs(wall, 0.5);
+    state.counters["agent_wall_p99_us"] = percentileUs(wall, 0.99);
+    state.counters["last_peer_median_us"] = percentileUs(arrived, 0.5);
+    state.counters["last_peer_p99_us"] = percentileUs(arrived, 0.99);
 }
 BENCHMARK(BM_OutputsUpdated16Peers)
     ->UseManualTime()

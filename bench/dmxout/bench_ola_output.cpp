@@ -10,6 +10,8 @@
 
 #include "FakeEngine.h"
 
+#include "../Percentile.h"
+
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
@@ -32,12 +34,6 @@ double threadCpuUs()
     timespec ts{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ts);
     return double(ts.tv_sec) * 1e6 + double(ts.tv_nsec) * 1e-3;
-}
-
-double percentile(std::vector<double> samples, double p)
-{
-    std::sort(samples.begin(), samples.end());
-    return samples[std::min(samples.size() - 1, size_t(p * double(samples.size() - 1) + 0.5))];
 }
 
 void BM_OutputsUpdatedToOla(benchmark::State& state)
